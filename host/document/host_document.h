@@ -1,0 +1,31 @@
+// The open job of the reference host.
+#pragma once
+
+#include "model/exchange_context.h"
+#include "services/ini_file.h"
+
+/// All libraries of one job, in memory, and its settings.
+class HostDocument : public ExchangeContext {
+ public:
+  HostDocument();
+  ~HostDocument() override;
+
+  CTcadEng* GetCadEngine() override;
+  CLibCmp* GetLibCmp() override;
+  CLibGps* GetLibGps() override;
+  CLibPnt* GetLibPnt() override;
+  CCts* GetCts() override;
+  CLibProfile* GetLibProfile() override;
+  gis::CLibGis* GetLibGis() override;
+
+  JobSettings& Settings() { return settings_; }
+
+ private:
+  CLibCmp totalStation_;
+  CLibGps gps_;
+  CLibPnt knownPoints_;
+  CCts cadastre_;
+  CLibProfile profiles_;
+  gis::CLibGis gis_;
+  JobSettings settings_;
+};

@@ -1,0 +1,17 @@
+// One function for each exchange that is built, as the exports call it: pointers are there, exceptions are caught
+// outside. Each returns what the export returns.
+#pragma once
+
+#include "model/exchange_context.h"
+#include "services/window.h"
+
+namespace frame {
+
+int ImportImage(CWnd* parent, tdk::WString& path);
+
+int ImportJb2(CWnd* parent, ExchangeContext& document);
+int ExportJb2(CWnd* parent, ExchangeContext& document);
+
+int ExportLandXml(CWnd* parent, ExchangeContext& document);
+
+}  // namespace frame

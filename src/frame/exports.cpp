@@ -1,0 +1,79 @@
+#include "frame/exports.h"
+
+#include "frame/exchanges.h"
+#include "frame/file_exchange.h"
+#include "frame/guard.h"
+
+using frame::Guarded;
+
+namespace {
+
+int NotBuiltYet(CWnd* parent, const void* needed, const char* format) {
+  return Guarded(parent, [&] { return frame::TellNotBuiltYet(parent, format); }, needed);
+}
+
+}  // namespace
+
+int FImportImageFile(CWnd* parent, tdk::WString& path, int /*unused*/) {
+  return Guarded(parent, [&] { return frame::ImportImage(parent, path); }, &path);
+}
+
+int FImportJB2File(CWnd* parent, ExchangeContext* document, int /*unused*/) {
+  return Guarded(parent, [&] { return frame::ImportJb2(parent, *document); }, document);
+}
+
+int FExportJB2File(CWnd* parent, ExchangeContext* document, int /*unused*/) {
+  return Guarded(parent, [&] { return frame::ExportJb2(parent, *document); }, document);
+}
+
+int FExportLandXMLFile(CWnd* parent, ExchangeContext* document, int /*unused*/) {
+  return Guarded(parent, [&] { return frame::ExportLandXml(parent, *document); }, document);
+}
+
+int FImportJB3File(CWnd* parent, ExchangeContext* document, int /*unused*/) {
+  return NotBuiltYet(parent, document, "JB3");
+}
+
+int FExportJB3File(CWnd* parent, ExchangeContext* document, const tdk::WString* /*name*/,
+                   const tdk::WString* /*version*/) {
+  return NotBuiltYet(parent, document, "JB3");
+}
+
+int FImportTXTFile(CWnd* parent, ExchangeContext* document, int /*unused*/) {
+  return NotBuiltYet(parent, document, "TXT");
+}
+
+int FExportTXTFile(CWnd* parent, ExchangeContext* document, int /*unused*/) {
+  return NotBuiltYet(parent, document, "TXT");
+}
+
+int FImportCSVFile(CWnd* parent, ExchangeContext* document, int /*unused*/) {
+  return NotBuiltYet(parent, document, "CSV");
+}
+
+int FExportCSVFile(CWnd* parent, ExchangeContext* document, int /*unused*/) {
+  return NotBuiltYet(parent, document, "CSV");
+}
+
+int FImportDXFDWGFile(CWnd* parent, ExchangeContext* document, int /*unused*/) {
+  return NotBuiltYet(parent, document, "DXF/DWG");
+}
+
+int FExportDXFDWGFile(CWnd* parent, ExchangeContext* document, int /*unused*/) {
+  return NotBuiltYet(parent, document, "DXF/DWG");
+}
+
+int FExportDATFile(CWnd* parent, ExchangeContext* document, int /*unused*/) {
+  return NotBuiltYet(parent, document, "DAT");
+}
+
+int FExportEntInFileShape(CWnd* parent, gis::CLibGis* gis) {
+  return NotBuiltYet(parent, gis, "Shape");
+}
+
+bool FImportEntFromFileShape(CWnd* parent, gis::CLibGis* gis, gis::ILinkImportedEnt* /*link*/,
+                             bool /*unused*/) {
+  return NotBuiltYet(parent, gis, "Shape") != 0;
+}
+
+void DummyVexa4modExport() {}

@@ -1,0 +1,3 @@
+#include "model/add_policy.h"
+
+AddPolicy::~AddPolicy() = default;

@@ -1,0 +1,7 @@
+#include "model/design.h"
+
+namespace gis {
+
+ILinkImportedEnt::~ILinkImportedEnt() = default;
+
+}  // namespace gis

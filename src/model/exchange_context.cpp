@@ -1,0 +1,3 @@
+#include "model/exchange_context.h"
+
+ExchangeContext::~ExchangeContext() = default;

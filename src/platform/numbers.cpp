@@ -1,0 +1,196 @@
+#include "platform/numbers.h"
+
+#include <algorithm>
+#include <array>
+#include <charconv>
+#include <cmath>
+#include <limits>
+
+namespace platform {
+namespace {
+
+// Powers of ten that a double holds exactly.
+constexpr std::array<double, 23> kExactPowers = {1e0,  1e1,  1e2,  1e3,  1e4,  1e5,  1e6,  1e7,
+                                                 1e8,  1e9,  1e10, 1e11, 1e12, 1e13, 1e14, 1e15,
+                                                 1e16, 1e17, 1e18, 1e19, 1e20, 1e21, 1e22};
+
+constexpr bool IsDigit(char c) { return c >= '0' && c <= '9'; }
+constexpr bool IsBlank(char c) { return c == ' ' || c == '\t'; }
+
+void SkipBlanks(std::string_view& text) {
+  while (!text.empty() && IsBlank(text.front())) text.remove_prefix(1);
+}
+
+// `units` counts 10^-decimals; writes it with its decimal point.
+void AppendScaled(std::string& text, bool negative, std::uint64_t units, int decimals) {
+  std::array<char, 48> buffer;
+  char* at = buffer.data() + buffer.size();
+  const auto digit = [&] {
+    *--at = static_cast<char>('0' + units % 10);
+    units /= 10;
+  };
+  if (decimals > 0) {
+    for (int i = 0; i < decimals; ++i) digit();
+    *--at = '.';
+  }
+  do digit();
+  while (units != 0);
+  if (negative) *--at = '-';
+  text.append(at, static_cast<std::size_t>(buffer.data() + buffer.size() - at));
+}
+
+// Three times faster than the library, and exact: the product is off by at most half a unit of its last place
+// (value * 2^-53), so unless it lies that close to a half-way point its nearest whole number is the right one.
+bool AppendFixedQuickly(std::string& text, double value, int decimals) {
+  if (decimals > 18) return false;
+  const double scaled = std::fabs(value) * kExactPowers[static_cast<std::size_t>(decimals)];
+  if (!(scaled < 0x1p50)) return false;
+  const auto whole = static_cast<std::uint64_t>(scaled);
+  const double beyondHalf = scaled - static_cast<double>(whole) - 0.5;
+  if (std::fabs(beyondHalf) <= scaled * 0x1p-52) return false;
+  AppendScaled(text, std::signbit(value), whole + (beyondHalf > 0 ? 1 : 0), decimals);
+  return true;
+}
+
+struct DecimalScan {
+  std::size_t length = 0;      // of the longest prefix that is a number; 0: there is none
+  std::uint64_t mantissa = 0;  // all digits, when there are at most 18
+  int digits = 0;              // significant digits seen
+  int decimals = 0;
+  bool negative = false;
+  bool plain = true;  // no exponent, so mantissa and decimals say it all
+};
+
+class DecimalScanner {
+ public:
+  explicit DecimalScanner(std::string_view text) : text_(text) {}
+
+  DecimalScan Scan() {
+    if (At() == '-' || At() == '+') scan_.negative = text_[at_++] == '-';
+    const std::size_t before = TakeDigits();
+    std::size_t after = 0;
+    if (At() == '.' || At() == ',') {
+      ++at_;
+      after = TakeDigits();
+      scan_.decimals = static_cast<int>(std::min<std::size_t>(after, 100000));
+      if (before + after == 0) return {};
+    }
+    if (before + after == 0) return {};
+    scan_.length = at_;
+    TakeExponent();
+    return scan_;
+  }
+
+ private:
+  char At() const { return at_ < text_.size() ? text_[at_] : '\0'; }
+
+  std::size_t TakeDigits() {
+    const std::size_t start = at_;
+    for (; IsDigit(At()); ++at_) {
+      if (scan_.digits == 0 && text_[at_] == '0') continue;  // leading zeros are no digits
+      if (++scan_.digits <= 18) {
+        scan_.mantissa = scan_.mantissa * 10 + static_cast<std::uint64_t>(text_[at_] - '0');
+      }
+    }
+    return at_ - start;
+  }
+
+  void TakeExponent() {
+    if (At() != 'e' && At() != 'E') return;
+    ++at_;
+    if (At() == '-' || At() == '+') ++at_;
+    if (!IsDigit(At())) return;
+    while (IsDigit(At())) ++at_;
+    scan_.length = at_;
+    scan_.plain = false;
+  }
+
+  std::string_view text_;
+  std::size_t at_ = 0;
+  DecimalScan scan_;
+};
+
+// For a number that is not zero: true when it is at least 1. The library says that a number is out of range, but
+// not past which end.
+bool IsLarge(std::string_view number) {
+  const std::size_t exponentAt = number.find_first_of("eE");
+  const std::string_view mantissa = number.substr(0, exponentAt);
+  const auto point = static_cast<std::int64_t>(std::min(mantissa.find('.'), mantissa.size()));
+  const auto firstDigit = static_cast<std::int64_t>(mantissa.find_first_of("123456789"));
+  std::int64_t exponent = 0;
+  if (exponentAt != std::string_view::npos) {
+    exponent = ParseWholePrefix(number.substr(exponentAt + 1)).value_or(0);
+  }
+  constexpr std::int64_t kFarOut = 1'000'000'000'000;  // keeps the sum within its type
+  return point - firstDigit + std::clamp(exponent, -kFarOut, kFarOut) > 0;
+}
+
+double ConvertByLibrary(std::string_view number, double beyondRange) {
+  if (number.front() == '+') number.remove_prefix(1);
+  std::string withPoint(number);
+  std::replace(withPoint.begin(), withPoint.end(), ',', '.');
+  double value = 0;
+  const auto [end, error] =
+      std::from_chars(withPoint.data(), withPoint.data() + withPoint.size(), value);
+  if (error != std::errc::result_out_of_range) return value;
+  return IsLarge(withPoint) ? beyondRange : 0;
+}
+
+}  // namespace
+
+void AppendFixed(std::string& text, double value, int decimals) {
+  decimals = std::clamp(decimals, 0, 40);
+  if (AppendFixedQuickly(text, value, decimals)) return;
+  std::array<char, std::numeric_limits<double>::max_exponent10 + 64> buffer;
+  const auto [end, error] = std::to_chars(buffer.data(), buffer.data() + buffer.size(), value,
+                                          std::chars_format::fixed, decimals);
+  if (error == std::errc()) text.append(buffer.data(), end);
+}
+
+void AppendShortest(std::string& text, double value) {
+  std::array<char, 32> buffer;
+  const auto [end, error] = std::to_chars(buffer.data(), buffer.data() + buffer.size(), value);
+  if (error == std::errc()) text.append(buffer.data(), end);
+}
+
+void AppendWhole(std::string& text, std::int64_t value) {
+  std::array<char, 24> buffer;
+  const auto [end, error] = std::to_chars(buffer.data(), buffer.data() + buffer.size(), value);
+  if (error == std::errc()) text.append(buffer.data(), end);
+}
+
+double ParseDecimalPrefix(std::string_view text, double beyondRange) {
+  SkipBlanks(text);
+  const DecimalScan scan = DecimalScanner(text).Scan();
+  if (scan.length == 0) return 0;
+  // A mantissa and a power of ten that a double holds exactly: one division, correctly rounded.
+  if (scan.plain && scan.digits <= 15 && scan.decimals <= 22) {
+    const double value =
+        static_cast<double>(scan.mantissa) / kExactPowers[static_cast<std::size_t>(scan.decimals)];
+    return scan.negative ? -value : value;
+  }
+  return ConvertByLibrary(text.substr(0, scan.length), beyondRange);
+}
+
+std::optional<std::int64_t> ParseWholePrefix(std::string_view text) {
+  SkipBlanks(text);
+  if (text.size() > 1 && text.front() == '+' && IsDigit(text[1])) text.remove_prefix(1);
+  std::int64_t value = 0;
+  const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value);
+  if (error == std::errc::result_out_of_range) {
+    return text.front() == '-' ? std::numeric_limits<std::int64_t>::min()
+                               : std::numeric_limits<std::int64_t>::max();
+  }
+  if (error != std::errc()) return std::nullopt;
+  return value;
+}
+
+std::optional<std::int64_t> ParseWhole(std::string_view text) {
+  std::int64_t value = 0;
+  const char* const last = text.data() + text.size();
+  const auto [end, error] = std::from_chars(text.data(), last, value);
+  if (error != std::errc() || end != last) return std::nullopt;
+  return value;
+}
+
+}  // namespace platform

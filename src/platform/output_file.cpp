@@ -1,0 +1,122 @@
+#include "platform/output_file.h"
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <cstdio>
+#include <cstdlib>
+#include <memory>
+#include <utility>
+
+#include "platform/numbers.h"
+#include "platform/paths.h"
+
+namespace platform {
+namespace {
+
+constexpr int kFlags = O_WRONLY | O_CREAT | O_CLOEXEC;
+constexpr mode_t kMode = 0666;
+
+// A link is followed, so that the file it names is replaced and not the link.
+std::string FollowLinks(const std::string& path) {
+  const std::unique_ptr<char, decltype(&std::free)> resolved(realpath(path.c_str(), nullptr),
+                                                             &std::free);
+  return resolved ? resolved.get() : path;
+}
+
+// Unlike any other name in the folder as long as this process lives.
+std::string TemporaryName(const std::string& target) {
+  static int counter = 0;
+  const std::string_view name = FileName(target);
+  std::string temporary = target.substr(0, target.size() - name.size());
+  temporary.append(".").append(name.substr(0, 100)).append(".part-");
+  AppendWhole(temporary, getpid());
+  temporary += '-';
+  AppendWhole(temporary, ++counter);
+  return temporary;
+}
+
+bool WriteAll(int file, std::string_view bytes) {
+  while (!bytes.empty()) {
+    const ssize_t written = write(file, bytes.data(), bytes.size());
+    if (written < 0 && errno == EINTR) continue;
+    if (written < 0) return false;
+    bytes.remove_prefix(static_cast<std::size_t>(written));
+  }
+  return true;
+}
+
+}  // namespace
+
+OutputFile::~OutputFile() { Discard(); }
+
+bool OutputFile::Open(std::string_view path) {
+  Discard();
+  target_ = FollowLinks(NativePath(path));
+  failed_ = false;
+  buffer_.clear();
+  struct stat facts {};
+  const bool exists = stat(target_.c_str(), &facts) == 0;
+  if (exists && S_ISDIR(facts.st_mode)) return Fail(FileTrouble::Action::kCreate, EISDIR);
+  if (exists && access(target_.c_str(), W_OK) != 0) {
+    return Fail(FileTrouble::Action::kCreate, errno);
+  }
+  if (!exists || S_ISREG(facts.st_mode)) {
+    if (OpenBeside(target_)) {
+      // A file system without modes may refuse; the text is what matters.
+      if (exists) static_cast<void>(fchmod(file_, facts.st_mode & 07777));
+      return true;
+    }
+    if (!exists) return Fail(FileTrouble::Action::kCreate, errno);
+  }
+  file_ = open(target_.c_str(), kFlags | O_TRUNC, kMode);
+  return file_ >= 0 || Fail(FileTrouble::Action::kCreate, errno);
+}
+
+bool OutputFile::OpenBeside(const std::string& target) {
+  temporary_ = TemporaryName(target);
+  file_ = open(temporary_.c_str(), kFlags | O_EXCL, kMode);
+  if (file_ < 0) temporary_.clear();
+  return file_ >= 0;
+}
+
+bool OutputFile::Fail(FileTrouble::Action action, int error) {
+  if (!failed_) ReportFileTrouble(action, target_, error);
+  failed_ = true;
+  return false;
+}
+
+void OutputFile::Flush() {
+  if (IsOpen() && !failed_ && !WriteAll(file_, buffer_)) {
+    Fail(FileTrouble::Action::kWrite, errno);
+  }
+  buffer_.clear();
+}
+
+bool OutputFile::Commit() {
+  if (!IsOpen()) return false;
+  Flush();
+  // The close may be the first to say that the disk is full.
+  if (close(std::exchange(file_, -1)) != 0) Fail(FileTrouble::Action::kWrite, errno);
+  if (!failed_ && !temporary_.empty()) {
+    if (std::rename(temporary_.c_str(), target_.c_str()) == 0) {
+      temporary_.clear();
+    } else {
+      Fail(FileTrouble::Action::kWrite, errno);
+    }
+  }
+  const bool complete = !failed_;
+  Discard();
+  return complete;
+}
+
+void OutputFile::Discard() {
+  if (file_ >= 0) close(file_);
+  file_ = -1;
+  if (!temporary_.empty()) unlink(temporary_.c_str());
+  temporary_.clear();
+}
+
+}  // namespace platform

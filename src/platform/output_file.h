@@ -1,0 +1,51 @@
+// Files written whole or not at all.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "platform/file_trouble.h"
+
+namespace platform {
+
+/// A file that replaces its target when it is complete. The text goes into a new file beside the target, which
+/// takes the target's place in Commit; until then, and whenever anything fails, the old file stays as it was.
+/// Where that cannot be (a device, a pipe, a folder that takes no new files) the target itself is written.
+/// Every failure is reported through file_trouble.h.
+class OutputFile {
+ public:
+  OutputFile() = default;
+  /// Without a Commit before it, nothing of what was written remains.
+  ~OutputFile();
+  OutputFile(const OutputFile&) = delete;
+  OutputFile& operator=(const OutputFile&) = delete;
+
+  /// Starts the file for `path` (backslashes allowed). False when it cannot be created.
+  bool Open(std::string_view path);
+  bool IsOpen() const { return file_ >= 0; }
+
+  /// Where the next text is appended; pass it on with Flush now and then, FlushIfLarge between records.
+  std::string& Buffer() { return buffer_; }
+  void FlushIfLarge() {
+    if (buffer_.size() >= kFlushSize) Flush();
+  }
+  void Flush();
+
+  /// Completes the file. False, with the old file untouched, when anything could not be written.
+  bool Commit();
+
+ private:
+  static constexpr std::size_t kFlushSize = 256 * 1024;
+
+  bool OpenBeside(const std::string& target);
+  bool Fail(FileTrouble::Action action, int error);
+  void Discard();
+
+  std::string target_;     // where the text is to be in the end
+  std::string temporary_;  // where it is until then; empty: the target is written itself
+  std::string buffer_;
+  int file_ = -1;
+  bool failed_ = false;
+};
+
+}  // namespace platform
