@@ -16,7 +16,7 @@ class CompactText {
 
   void Set(std::string_view text) {
     if (text.size() <= kInlineSize && !OnHeap()) {
-      std::memcpy(bytes_.data(), text.data(), text.size());
+      std::memmove(bytes_.data(), text.data(), text.size());  // `text` may be an end of it
       bytes_[kInlineSize] = static_cast<char>(text.size());
     } else {
       SetSlowly(text);

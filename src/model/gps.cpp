@@ -1,19 +1,66 @@
 #include "model/gps.h"
 
-#include <cmath>
+namespace {
 
-ICoordTransform::~ICoordTransform() = default;
+// The place of the ground point below an antenna: the ellipsoid's normal runs through both.
+bool GroundPlace(const Geocentric& phaseCentre, double antennaHeight, Geographic& place) {
+  IGeodesy* const geodesy = IGeodesy::Current();
+  if (geodesy == nullptr || !phaseCentre.IsComplete() || !IsDefined(antennaHeight) ||
+      !geodesy->ToGeographic(phaseCentre, place)) {
+    return false;
+  }
+  place.height -= antennaHeight;
+  return true;
+}
+
+double StoredOrDerived(const Geographic& stored, double Geographic::*part,
+                       const Geocentric& phaseCentre, double antennaHeight) {
+  Geographic derived;
+  if (IsDefined(stored.*part) || !GroundPlace(phaseCentre, antennaHeight, derived)) {
+    return stored.*part;
+  }
+  return derived.*part;
+}
+
+}  // namespace
+
 CPunGps::~CPunGps() = default;
 CGrpGps::~CGrpGps() = default;
 
-bool CConvCoord::PlanAttToGrafGps(double north, double east, double elev, double /*rotation*/,
-                                  double /*scale*/, double& lat, double& lon, double& height) const {
+const ICoordTransform* CConvCoord::Transform() const {
+  IGeodesy* const geodesy = IGeodesy::Current();
+  if (geodesy == nullptr || crs_.View().empty()) return nullptr;
+  return geodesy->TransformOf(GetCrs());
+}
+
+bool CConvCoord::PlanAttToGrafGps(double north, double east, double elev, double /*local*/,
+                                  double& lat, double& lon, double& height) const {
+  const ICoordTransform* const transform = Transform();
   Geographic place;
-  if (transform_ == nullptr || !transform_->PlaneToGeographic(north, east, elev, place)) return false;
+  if (transform == nullptr || !transform->ToGeographic({east, north, elev}, place)) return false;
   lat = place.lat;
   lon = place.lon;
   height = place.height;
   return true;
+}
+
+bool CConvCoord::GrafGpsToPlanAtt(double lat, double lon, double height, double& north, double& east,
+                                  double& elev) const {
+  const ICoordTransform* const transform = Transform();
+  PlanePosition plane;
+  if (transform == nullptr || !transform->ToPlane({lat, lon, height}, plane)) return false;
+  north = plane.north;
+  east = plane.east;
+  elev = plane.elev;
+  return true;
+}
+
+double CPunGps::Derived(double Geographic::*part) const {
+  return StoredOrDerived(place_, part, phaseCentre_, antennaHeight_);
+}
+
+double CGrpGps::Derived(double Geographic::*part) const {
+  return StoredOrDerived(base_, part, phaseCentre_, baseAntennaHeight_);
 }
 
 void CPunGps::GetGeocCeFaMis(double& x, double& y, double& z) const {
@@ -23,15 +70,14 @@ void CPunGps::GetGeocCeFaMis(double& x, double& y, double& z) const {
 }
 
 void CPunGps::GetGeocTerrMis(double& x, double& y, double& z) const {
-  x = y = z = UndefinedValue;
-  const Geocentric& top = phaseCentre_;
-  if (!IsDefined(top.x) || !IsDefined(top.y) || !IsDefined(top.z) || !IsDefined(place_.lat) ||
-      !IsDefined(place_.lon) || !IsDefined(antennaHeight_)) {
-    return;
+  Geographic place;
+  Geocentric ground;
+  if (GroundPlace(phaseCentre_, antennaHeight_, place)) {
+    IGeodesy::Current()->ToGeocentric(place, ground);
   }
-  x = top.x - antennaHeight_ * std::cos(place_.lat) * std::cos(place_.lon);
-  y = top.y - antennaHeight_ * std::cos(place_.lat) * std::sin(place_.lon);
-  z = top.z - antennaHeight_ * std::sin(place_.lat);
+  x = ground.x;
+  y = ground.y;
+  z = ground.z;
 }
 
 void CGrpGps::GetGeocCeFaMis(double& x, double& y, double& z) const {

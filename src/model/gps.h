@@ -5,46 +5,32 @@
 #include <cstdint>
 
 #include "model/egn.h"
+#include "model/geodesy.h"
 #include "model/library_base.h"
 #include "model/stable_list.h"
 
-/// Three geocentric coordinates, metres.
-struct Geocentric {
-  double x = UndefinedValue;
-  double y = UndefinedValue;
-  double z = UndefinedValue;
-};
-
-/// Latitude and longitude in radians, ellipsoidal height in metres.
-struct Geographic {
-  double lat = UndefinedValue;
-  double lon = UndefinedValue;
-  double height = UndefinedValue;
-};
-
-/// A transformation between plane and GPS coordinates that the host has set up for a group.
-class ICoordTransform {
- public:
-  virtual ~ICoordTransform();
-  /// North, east, elevation in metres to geographic; false when the place cannot be transformed.
-  virtual bool PlaneToGeographic(double north, double east, double elev, Geographic& place) const = 0;
-};
-
-/// How plane coordinates of a group become GPS coordinates.
+/// How plane coordinates of a group become GPS coordinates, and back.
 class CConvCoord {
  public:
-  bool IsValid() const { return transform_ != nullptr; }
-  /// `transform` is not owned; null: there is none.
-  void SetTransform(const ICoordTransform* transform) { transform_ = transform; }
+  /// The reference system of the plane coordinates, as AUTHORITY:CODE; empty: none.
+  tdk::WString GetCrs() const { return tdk::WString(crs_.View()); }
+  void SetCrs(const tdk::WString& crs) { crs_.Set(crs.ToUtf8()); }
+  /// Whether the host has a transformation for it.
+  bool IsValid() const { return Transform() != nullptr; }
 
-  /// Plane coordinates (metres) to latitude, longitude (radians) and ellipsoidal height (metres). The two words
-  /// after the elevation are for hosts with local systems and are not used here. False, with the results
-  /// untouched, when there is no transformation or it fails.
-  bool PlanAttToGrafGps(double north, double east, double elev, double rotation, double scale,
-                        double& lat, double& lon, double& height) const;
+  /// Plane coordinates (metres) to latitude, longitude (radians) and ellipsoidal height (metres). The word after the
+  /// elevation is for hosts with local systems and is not used here. False, with the results untouched, when there
+  /// is no transformation or it fails.
+  bool PlanAttToGrafGps(double north, double east, double elev, double local, double& lat, double& lon,
+                        double& height) const;
+  /// The reverse.
+  bool GrafGpsToPlanAtt(double lat, double lon, double height, double& north, double& east,
+                        double& elev) const;
 
  private:
-  const ICoordTransform* transform_ = nullptr;
+  const ICoordTransform* Transform() const;
+
+  CompactText crs_;
 };
 
 /// The six terms of a position's covariance, square metres.
@@ -65,14 +51,17 @@ class CPunGps : public CEgn {
   tdk::WString GetCode() const { return GetSecScri(); }
   void SetCode(const tdk::WString& code) { SetSecScri(code); }
 
-  /// Radians.
-  double GetLat() const { return place_.lat; }
+  /// Latitude and longitude in radians, ellipsoidal height of the ground point in metres. What was not set is
+  /// derived from the geocentric ground point, where there is one.
+  double GetLat() const { return Derived(&Geographic::lat); }
   void SetLat(double lat) { place_.lat = lat; }
-  double GetLong() const { return place_.lon; }
+  double GetLong() const { return Derived(&Geographic::lon); }
   void SetLong(double lon) { place_.lon = lon; }
-  /// Ellipsoidal height and antenna height, metres.
-  double GetElev() const { return place_.height; }
+  double GetElev() const { return Derived(&Geographic::height); }
   void SetElev(double height) { place_.height = height; }
+  /// As they were set: undefined when they were not.
+  const Geographic& GetStoredPlace() const { return place_; }
+  /// Antenna height, metres.
   double GetAltAnt() const { return antennaHeight_; }
   void SetAltAnt(double height) { antennaHeight_ = height; }
 
@@ -122,12 +111,14 @@ class CPunGps : public CEgn {
   void GetGeocCeFaMis(double& x, double& y, double& z) const;
   void SetGeocCeFaMis(double x, double y, double z) { phaseCentre_ = {x, y, z}; }
 
-  /// The ground point: the phase centre less the antenna height along the normal of the WGS 84 ellipsoid at the
-  /// measurement's latitude and longitude; undefined without them.
+  /// The ground point: the phase centre less the antenna height along the normal of the WGS 84 ellipsoid. Undefined
+  /// without a phase centre or without geodesy.
   void GetGeocTerrMis(double& x, double& y, double& z) const;
   void GetGeocTerrWgs84(double& x, double& y, double& z) const { GetGeocTerrMis(x, y, z); }
 
  private:
+  double Derived(double Geographic::*part) const;
+
   Geographic place_;
   Geocentric phaseCentre_;
   double antennaHeight_ = 0;
@@ -156,13 +147,14 @@ class CGrpGps : public CEgn, public TargetDrawingHolder {
   tdk::WString GetData() const { return tdk::WString(date_.View()); }
   void SetData(const tdk::WString& date) { date_.Set(date.ToUtf8()); }
 
-  /// Position of the base: radians, metres.
-  double GetBaseLat() const { return base_.lat; }
+  /// Position of the base's ground point: radians, metres; derived like a point's where it was not set.
+  double GetBaseLat() const { return Derived(&Geographic::lat); }
   void SetBaseLat(double lat) { base_.lat = lat; }
-  double GetBaseLong() const { return base_.lon; }
+  double GetBaseLong() const { return Derived(&Geographic::lon); }
   void SetBaseLong(double lon) { base_.lon = lon; }
-  double GetBaseElev() const { return base_.height; }
+  double GetBaseElev() const { return Derived(&Geographic::height); }
   void SetBaseElev(double height) { base_.height = height; }
+  const Geographic& GetStoredBase() const { return base_; }
   double GetBaseAltAnt() const { return baseAntennaHeight_; }
   void SetBaseAltAnt(double height) { baseAntennaHeight_ = height; }
 
@@ -177,16 +169,17 @@ class CGrpGps : public CEgn, public TargetDrawingHolder {
   void SetTipoRilievo(std::uint8_t type) { surveyType_ = type; }
 
   /// The coordinate reference system of the plane coordinates, as AUTHORITY:CODE; empty: none.
-  tdk::WString GetCrs() const { return tdk::WString(crs_.View()); }
-  void SetCrs(const tdk::WString& crs) { crs_.Set(crs.ToUtf8()); }
+  tdk::WString GetCrs() const { return conversion_.GetCrs(); }
+  void SetCrs(const tdk::WString& crs) { conversion_.SetCrs(crs); }
   bool IsCdElabValid() const { return conversion_.IsValid(); }
   CConvCoord& GetConvCoord() { return conversion_; }
 
  private:
   friend class CLibGps;
+  double Derived(double Geographic::*part) const;
+
   CompactText groupName_;
   CompactText date_;
-  CompactText crs_;
   Geographic base_;
   Geocentric phaseCentre_;
   double baseAntennaHeight_ = 0;

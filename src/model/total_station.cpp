@@ -59,7 +59,7 @@ int CLibCmp::GetStaArSize(int job) const {
 
 int CLibCmp::GetPunArSize(int job, int sta) const {
   const CSta* const parent = GetStaAt(job, sta);
-  return parent == nullptr ? 0 : CountOf(parent->points_);
+  return parent == nullptr ? 0 : static_cast<int>(parent->points_.size());
 }
 
 CSta* CLibCmp::GetStaAt(int job, int sta) const {
@@ -69,7 +69,9 @@ CSta* CLibCmp::GetStaAt(int job, int sta) const {
 
 CPun* CLibCmp::GetPunAt(int job, int sta, int pun) const {
   const CSta* const parent = GetStaAt(job, sta);
-  return parent == nullptr ? nullptr : ElementAt(parent->points_, pun);
+  if (parent == nullptr || pun < 0) return nullptr;
+  const auto index = static_cast<std::size_t>(pun);
+  return index < parent->points_.size() ? parent->points_[index] : nullptr;
 }
 
 CJob* CLibCmp::AddJob(bool /*notify*/) {
@@ -86,8 +88,10 @@ CSta* CLibCmp::AddSta(int job, bool /*notify*/) {
 CPun* CLibCmp::AddPun(int job, int sta, bool notify) { return AddPun(GetStaAt(job, sta), notify); }
 
 CPun* CLibCmp::AddPun(CSta* sta, bool notify) {
-  if (sta == nullptr || !MayAdd(AddedKind::kPoint, sta->points_.Size())) return nullptr;
-  return &sta->points_.Append(nullptr, notify, sta, GetCmpContext());
+  if (sta == nullptr || !MayAdd(AddedKind::kPoint, sta->points_.size())) return nullptr;
+  CPun& added = points_.Append(nullptr, notify, sta, GetCmpContext());
+  sta->points_.push_back(&added);
+  return &added;
 }
 
 bool CLibCmp::GetIndiciDiSta(const CSta* station, int& job, int& sta) const {

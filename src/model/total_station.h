@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <vector>
 
 #include "model/egn.h"
 #include "model/known_points.h"
@@ -105,7 +106,7 @@ class CSta : public CEgn {
   double instrumentHeight_ = 0;
   double temperature_ = 0;
   double pressure_ = 0;
-  StableList<CPun> points_;
+  std::vector<CPun*> points_;  // the library's
   // Where it stands in the library, so that its indices are found without a search.
   int job_;
   int index_;
@@ -170,6 +171,9 @@ class CLibCmp : public CLibConOri, public TargetDrawingHolder {
 
  private:
   StableList<CJob> jobs_;
+  // Of all stations, in order of addition: a list for each would leave a gap at its end, and a field job has
+  // thousands of stations with a few points each.
+  StableList<CPun> points_;
   CSta* currentStation_ = nullptr;
   CLibCmpChangeContext context_;
   bool hasContext_ = true;

@@ -4,6 +4,7 @@
 #include <array>
 #include <charconv>
 #include <cmath>
+#include <cstring>
 #include <limits>
 
 namespace platform {
@@ -13,6 +14,16 @@ namespace {
 constexpr std::array<double, 23> kExactPowers = {1e0,  1e1,  1e2,  1e3,  1e4,  1e5,  1e6,  1e7,
                                                  1e8,  1e9,  1e10, 1e11, 1e12, 1e13, 1e14, 1e15,
                                                  1e16, 1e17, 1e18, 1e19, 1e20, 1e21, 1e22};
+
+// "00", "01", … "99", one after the other.
+constexpr std::array<char, 200> kDigitPairs = [] {
+  std::array<char, 200> pairs{};
+  for (std::size_t i = 0; i < 100; ++i) {
+    pairs[2 * i] = static_cast<char>('0' + i / 10);
+    pairs[2 * i + 1] = static_cast<char>('0' + i % 10);
+  }
+  return pairs;
+}();
 
 constexpr bool IsDigit(char c) { return c >= '0' && c <= '9'; }
 constexpr bool IsBlank(char c) { return c == ' ' || c == '\t'; }
@@ -24,19 +35,27 @@ void SkipBlanks(std::string_view& text) {
 // `units` counts 10^-decimals; writes it with its decimal point.
 void AppendScaled(std::string& text, bool negative, std::uint64_t units, int decimals) {
   std::array<char, 48> buffer;
-  char* at = buffer.data() + buffer.size();
+  char* const end = buffer.data() + buffer.size();
+  char* at = end;
   const auto digit = [&] {
     *--at = static_cast<char>('0' + units % 10);
     units /= 10;
   };
+  const auto pair = [&] {
+    at -= 2;
+    std::memcpy(at, &kDigitPairs[units % 100 * 2], 2);
+    units /= 100;
+  };
   if (decimals > 0) {
-    for (int i = 0; i < decimals; ++i) digit();
+    if (decimals % 2 != 0) digit();
+    for (int i = 0; i < decimals / 2; ++i) pair();
     *--at = '.';
   }
-  do digit();
-  while (units != 0);
+  while (units >= 100) pair();
+  if (units >= 10) pair();
+  else digit();
   if (negative) *--at = '-';
-  text.append(at, static_cast<std::size_t>(buffer.data() + buffer.size() - at));
+  text.append(at, static_cast<std::size_t>(end - at));
 }
 
 // Three times faster than the library, and exact: the product is off by at most half a unit of its last place
@@ -54,45 +73,47 @@ bool AppendFixedQuickly(std::string& text, double value, int decimals) {
 
 struct DecimalScan {
   std::size_t length = 0;      // of the longest prefix that is a number; 0: there is none
-  std::uint64_t mantissa = 0;  // all digits, when there are at most 18
-  int digits = 0;              // significant digits seen
-  int decimals = 0;
+  std::uint64_t mantissa = 0;  // all digits, when there are at most kMantissaDigits
+  std::size_t digits = 0;
+  std::size_t decimals = 0;  // how many of the digits
   bool negative = false;
   bool plain = true;  // no exponent, so mantissa and decimals say it all
 };
 
+constexpr std::size_t kMantissaDigits = 19;
+constexpr std::uint64_t kLargestExactMantissa = std::uint64_t{1} << 53;
+
 class DecimalScanner {
  public:
-  explicit DecimalScanner(std::string_view text) : text_(text) {}
+  explicit DecimalScanner(std::string_view text)
+      : start_(text.data()), at_(text.data()), end_(text.data() + text.size()) {}
 
   DecimalScan Scan() {
-    if (At() == '-' || At() == '+') scan_.negative = text_[at_++] == '-';
-    const std::size_t before = TakeDigits();
-    std::size_t after = 0;
+    if (At() == '-' || At() == '+') scan_.negative = *at_++ == '-';
+    scan_.digits = TakeDigits();
     if (At() == '.' || At() == ',') {
       ++at_;
-      after = TakeDigits();
-      scan_.decimals = static_cast<int>(std::min<std::size_t>(after, 100000));
-      if (before + after == 0) return {};
+      scan_.decimals = TakeDigits();
+      scan_.digits += scan_.decimals;
     }
-    if (before + after == 0) return {};
-    scan_.length = at_;
+    if (scan_.digits == 0) return {};
+    scan_.length = Length();
     TakeExponent();
     return scan_;
   }
 
  private:
-  char At() const { return at_ < text_.size() ? text_[at_] : '\0'; }
+  char At() const { return at_ != end_ ? *at_ : '\0'; }
+  std::size_t Length() const { return static_cast<std::size_t>(at_ - start_); }
 
   std::size_t TakeDigits() {
-    const std::size_t start = at_;
-    for (; IsDigit(At()); ++at_) {
-      if (scan_.digits == 0 && text_[at_] == '0') continue;  // leading zeros are no digits
-      if (++scan_.digits <= 18) {
-        scan_.mantissa = scan_.mantissa * 10 + static_cast<std::uint64_t>(text_[at_] - '0');
-      }
+    const char* const first = at_;
+    std::uint64_t mantissa = scan_.mantissa;  // may overflow, and is not used then
+    for (; at_ != end_ && IsDigit(*at_); ++at_) {
+      mantissa = mantissa * 10 + static_cast<std::uint64_t>(*at_ - '0');
     }
-    return at_ - start;
+    scan_.mantissa = mantissa;
+    return static_cast<std::size_t>(at_ - first);
   }
 
   void TakeExponent() {
@@ -101,12 +122,13 @@ class DecimalScanner {
     if (At() == '-' || At() == '+') ++at_;
     if (!IsDigit(At())) return;
     while (IsDigit(At())) ++at_;
-    scan_.length = at_;
+    scan_.length = Length();
     scan_.plain = false;
   }
 
-  std::string_view text_;
-  std::size_t at_ = 0;
+  const char* start_;
+  const char* at_;
+  const char* end_;
   DecimalScan scan_;
 };
 
@@ -164,9 +186,8 @@ double ParseDecimalPrefix(std::string_view text, double beyondRange) {
   const DecimalScan scan = DecimalScanner(text).Scan();
   if (scan.length == 0) return 0;
   // A mantissa and a power of ten that a double holds exactly: one division, correctly rounded.
-  if (scan.plain && scan.digits <= 15 && scan.decimals <= 22) {
-    const double value =
-        static_cast<double>(scan.mantissa) / kExactPowers[static_cast<std::size_t>(scan.decimals)];
+  if (scan.plain && scan.digits <= kMantissaDigits && scan.mantissa <= kLargestExactMantissa) {
+    const double value = static_cast<double>(scan.mantissa) / kExactPowers[scan.decimals];
     return scan.negative ? -value : value;
   }
   return ConvertByLibrary(text.substr(0, scan.length), beyondRange);

@@ -7,7 +7,9 @@
 #include <cerrno>
 #include <cstdio>
 #include <cstdlib>
+#include <filesystem>
 #include <memory>
+#include <system_error>
 #include <utility>
 
 #include "platform/numbers.h"
@@ -19,11 +21,20 @@ namespace {
 constexpr int kFlags = O_WRONLY | O_CREAT | O_CLOEXEC;
 constexpr mode_t kMode = 0666;
 
-// A link is followed, so that the file it names is replaced and not the link.
-std::string FollowLinks(const std::string& path) {
-  const std::unique_ptr<char, decltype(&std::free)> resolved(realpath(path.c_str(), nullptr),
-                                                             &std::free);
-  return resolved ? resolved.get() : path;
+// A link is followed, so that the file it names is replaced, or created, and not the link.
+std::string FollowLinks(std::string path) {
+  constexpr int kMostLinks = 40;  // as many as the system follows
+  for (int links = 0; links < kMostLinks; ++links) {
+    const std::unique_ptr<char, decltype(&std::free)> resolved(realpath(path.c_str(), nullptr),
+                                                               &std::free);
+    if (resolved) return resolved.get();
+    std::error_code error;
+    if (std::filesystem::exists(path, error)) break;  // a pipe under /dev/fd: no path leads to it
+    const auto next = std::filesystem::read_symlink(path, error);
+    if (error) break;
+    path = std::filesystem::path(path).replace_filename(next).string();
+  }
+  return path;
 }
 
 // Unlike any other name in the folder as long as this process lives.

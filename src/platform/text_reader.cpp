@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <cerrno>
 #include <cstring>
+#include <utility>
 
 #include "platform/file_trouble.h"
 #include "platform/paths.h"
@@ -26,6 +27,7 @@ bool TextReader::Open(std::string_view path) {
   path_ = NativePath(path);
   const auto fail = [&](int error) {
     ReportFileTrouble(FileTrouble::Action::kOpen, path_, error);
+    if (file_ >= 0) close(std::exchange(file_, -1));
     return false;
   };
   file_ = open(path_.c_str(), O_RDONLY | O_CLOEXEC);

@@ -3,11 +3,11 @@
 #define SI_NO_CONVERSION  // all text is UTF-8
 #include <SimpleIni.h>
 
-#include <cerrno>
-
+#include <filesystem>
 #include <limits>
 #include <list>
 #include <optional>
+#include <system_error>
 
 #include "platform/numbers.h"
 #include "platform/output_file.h"
@@ -22,8 +22,11 @@ JobSettings::~JobSettings() = default;
 bool JobSettings::Load(const std::string& path) {
   file_->ini.Reset();
   changed_ = false;
-  const SI_Error result = file_->ini.LoadFile(path.c_str());
-  return result >= 0 || errno == ENOENT;
+  std::error_code unused;
+  const auto type = std::filesystem::status(path, unused).type();
+  if (type == std::filesystem::file_type::not_found) return true;
+  // The library would ask for as much memory as a folder seems to be large.
+  return type != std::filesystem::file_type::directory && file_->ini.LoadFile(path.c_str()) >= 0;
 }
 
 bool JobSettings::Save(const std::string& path) {

@@ -18,8 +18,9 @@ bool TextFileSink::Open(const tdk::WString& path, bool deleteOnClose, int mode) 
     if (!folder) return false;
     full.insert(0, *folder);
   }
+  mode_ = kClosed;  // an unfinished file is given up
+  if (!file_.Open(full)) return false;
   path_ = tdk::WString(std::move(full));
-  if (!file_.Open(path_.ToUtf8())) return false;
   deleteOnClose_ = deleteOnClose;
   mode_ = mode;
   lineCount_ = 0;
@@ -46,6 +47,12 @@ void TextFileSink::WriteNumber(double value, int decimals) {
   if (!IsOpen()) return;
   AppendCStringDaDouble(file_.Buffer(), value, decimals);
   atLineStart_ = false;
+}
+
+void TextFileSink::WriteBytes(std::string_view bytes) {
+  if (!IsOpen()) return;
+  file_.Buffer() += bytes;
+  file_.FlushIfLarge();
 }
 
 void TextFileSink::Close() {

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 
 #include "platform/output_file.h"
 #include "tdk/wstring.h"
@@ -27,6 +28,8 @@ class TextFileSink {
   void WriteLine(const tdk::WString& text);
   /// As CStringDaDouble writes it.
   void WriteNumber(double value, int decimals);
+  /// Text that is in the code page already, line ends and all.
+  void WriteBytes(std::string_view bytes);
   /// Completes the file, when it is open.
   void Close();
 

@@ -96,11 +96,16 @@ tdk::WString Fill(const tdk::WString& pattern, std::initializer_list<tdk::WStrin
     filled += rest.substr(0, brace);
     if (brace == std::string_view::npos) break;
     rest.remove_prefix(brace);
-    const auto number = static_cast<std::size_t>(
-        platform::ParseWhole(rest.substr(1, rest.find('}') - 1)).value_or(0));
+    const std::size_t end = rest.find('}');
+    if (end == std::string_view::npos) {
+      filled += rest;
+      break;
+    }
+    const auto number =
+        static_cast<std::size_t>(platform::ParseWhole(rest.substr(1, end - 1)).value_or(0));
     if (number >= 1 && number <= arguments.size()) {
       filled += (arguments.begin() + number - 1)->ToUtf8();
-      rest.remove_prefix(rest.find('}') + 1);
+      rest.remove_prefix(end + 1);
     } else {
       filled += '{';
       rest.remove_prefix(1);

@@ -18,5 +18,8 @@ std::vector<std::string_view> Languages();
 tdk::WString Xlate(const char* text);
 tdk::WString Xlate(const tdk::WString& text);
 
+/// Marks a text that Xlate gets later, out of a table or a parameter, so that the catalogues have it.
+constexpr const char* ToXlate(const char* text) { return text; }
+
 /// `pattern` with {1}, {2}, … replaced by the arguments in their order.
 tdk::WString Fill(const tdk::WString& pattern, std::initializer_list<tdk::WString> arguments);

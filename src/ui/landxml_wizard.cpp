@@ -26,7 +26,7 @@ LandXmlPage SurveyPage(ExchangeContext& document) {
   const CLibGps& gps = *document.GetLibGps();
   const CLibPnt& known = *document.GetLibPnt();
   return {"landxml-survey",
-          "Survey",
+          ToXlate("Survey"),
           {{"jobs", Names(jobs.GetJobArSize(), [&](int i) { return jobs.GetJobAt(i)->GetNome(); })},
            {"gpsGroups",
             Names(gps.GetGrpArSize(), [&](int i) { return gps.GetGrpAt(i)->GetNomeGrp(); })},
@@ -68,8 +68,8 @@ std::optional<int> LandXmlPage::Press(std::string_view button) {
 LandXmlWizard::LandXmlWizard(ExchangeContext& document)
     : document_(document),
       pages_{SurveyPage(document),
-             LandXmlPage("landxml-triangulation", "Triangulation", {{"surfaces", {}}}),
-             LandXmlPage("landxml-roads", "Road Projects", {{"roads", {}}})} {}
+             LandXmlPage("landxml-triangulation", ToXlate("Triangulation"), {{"surfaces", {}}}),
+             LandXmlPage("landxml-roads", ToXlate("Road Projects"), {{"roads", {}}})} {}
 
 void LandXmlWizard::Run(CWnd* parent) {
   constexpr int kLastPage = 2;

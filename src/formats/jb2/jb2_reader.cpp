@@ -61,9 +61,9 @@ bool Jb2Reader::Run() {
   if (!file.Open(path_.ToUtf8())) return false;
   const ChangeEventScope scope(library_->GetCmpContext());
   ReadLines(file);
-  TellLeftOut(noRecord_, "{1} lines hold no record and were skipped; the first is line {2}");
-  TellLeftOut(cut_, "{1} lines are longer than 254 characters and were cut; the first is line {2}");
-  TellLeftOut(refused_, "{1} records were refused by the job and dropped; the first is on line {2}");
+  TellLeftOut(noRecord_, ToXlate("lines without a record that were skipped: {1}; the first is line {2}"));
+  TellLeftOut(cut_, ToXlate("lines longer than 254 characters that were cut: {1}; the first is line {2}"));
+  TellLeftOut(refused_, ToXlate("records that the job refused: {1}; the first is on line {2}"));
   return true;
 }
 
@@ -95,7 +95,11 @@ void Jb2Reader::ReadPiece(std::string_view piece) {
       break;
   }
   if (continuesLine_) {
-    if (!IsTailOfNumber(piece)) Count(cut_);
+    // However many pieces a line has, it is one line.
+    if (!IsTailOfNumber(piece) && lastCutLine_ != line_) {
+      Count(cut_);
+      lastCutLine_ = line_;
+    }
   } else if (piece != "\n") {
     Count(noRecord_);
   }

@@ -57,6 +57,7 @@ class Jb2Reader {
 
   std::uint64_t line_ = 1;
   bool continuesLine_ = false;  // the piece is not the first of its line
+  std::uint64_t lastCutLine_ = 0;
   LeftOut noRecord_;
   LeftOut refused_;
   LeftOut cut_;

@@ -1,0 +1,9 @@
+// The commands. Each returns the exit status, or throws Failure or JobError.
+#pragma once
+
+#include "arguments.h"
+
+int RunCall(const Arguments& arguments);
+int RunConvert(const Arguments& arguments);
+int RunShow(const Arguments& arguments);
+int RunFormats();

@@ -1,0 +1,131 @@
+#include <filesystem>
+
+#include "commands.h"
+#include "console.h"
+#include "convert_options.h"
+#include "failure.h"
+#include "file_import.h"
+#include "formats.h"
+#include "job_session.h"
+#include "layout.h"
+#include "platform/numbers.h"
+#include "platform/paths.h"
+#include "services/translate.h"
+
+namespace {
+
+struct Files {
+  std::vector<std::string> inputs;
+  std::string output;
+};
+
+bool IsSameFile(const std::string& first, const std::string& second) {
+  const std::string one = platform::NativePath(AbsolutePath(first));
+  const std::string other = platform::NativePath(AbsolutePath(second));
+  std::error_code error;
+  return one == other || std::filesystem::equivalent(one, other, error);
+}
+
+// All that can be wrong with the names is found before anything is read: first bad usage, then formats that this
+// version lacks.
+Files CheckedFiles(const Arguments& arguments) {
+  Files files{arguments.words, arguments.words.back()};
+  files.inputs.pop_back();
+  for (const std::string& path : arguments.words) FormatOf(path);
+  for (const std::string& input : files.inputs) {
+    if (IsSameFile(input, files.output)) {
+      throw BadUsage(files.output + ": " + Xlate("it is an input and the output").ToUtf8());
+    }
+  }
+  for (const std::string& input : files.inputs) CheckReadable(input);
+  CheckWritable(files.output);
+  return files;
+}
+
+bool WantsProgress(const Arguments& arguments) {
+  const std::string wish = arguments.Value("--progress").value_or("auto");
+  return wish == "always" || (wish == "auto" && console::IsErrorATerminal());
+}
+
+// "23 kB"; nothing for what has no size, such as a pipe.
+std::string SizeInWords(const std::string& path) {
+  std::error_code error;
+  const auto bytes = std::filesystem::file_size(platform::NativePath(path), error);
+  if (error) return {};
+  constexpr double kStep = 1000;
+  double size = static_cast<double>(bytes);
+  std::string_view unit = " B";
+  for (const std::string_view larger : {" kB", " MB", " GB"}) {
+    if (size < kStep) break;
+    size /= kStep;
+    unit = larger;
+  }
+  std::string text = " (";
+  platform::AppendFixed(text, size, unit == " MB" || unit == " GB" ? 1 : 0);
+  return text.append(unit).append(")");
+}
+
+// "read  wall.jb2: 1 job": the verbs are filled, so that names stand below each other.
+class Summary {
+ public:
+  explicit Summary(bool isQuiet) : isQuiet_(isQuiet) {}
+
+  void TellRead(const std::string& path, const std::string& what) const {
+    Tell(Xlate("read").ToUtf8(), path, what);
+  }
+  void TellWrote(const std::string& path, const std::string& what) const {
+    Tell(Xlate("wrote").ToUtf8(), path, what);
+  }
+
+ private:
+  void Tell(const std::string& verb, const std::string& path, const std::string& what) const {
+    if (isQuiet_) return;
+    const std::size_t column =
+        std::max(DisplayWidth(Xlate("read").ToUtf8()), DisplayWidth(Xlate("wrote").ToUtf8())) + 1;
+    console::Out(verb + std::string(column - DisplayWidth(verb), ' ') + path + ": " + what + "\n");
+    if (!console::FinishOutput()) throw Failure(exit_status::kFailed, console::OutputTrouble());
+  }
+
+  bool isQuiet_;
+};
+
+void Import(const Files& files, const Module& module, HostDocument& document,
+            const Summary& summary, ProgressLine& progress) {
+  for (const std::string& input : files.inputs) {
+    const Exchange in = ImportFile(module, input, document, progress);
+    summary.TellRead(input, InWords(in.counts));
+    TellRemarks(input, in.remarks);
+  }
+}
+
+void Export(const Files& files, const Module& module, HostDocument& document,
+            const Summary& summary, ProgressLine& progress) {
+  Exchange out = ExportFile(module, files.output, document, progress);
+  if (!out.leftBack.IsNothing()) {
+    out.remarks.push_back(
+        Fill(Xlate("left out, for such a file cannot hold it: {1}"),
+             {tdk::WString(InWords(out.leftBack))})
+            .ToUtf8());
+  }
+  summary.TellWrote(files.output, InWords(out.counts) + SizeInWords(files.output));
+  TellRemarks(files.output, out.remarks);
+}
+
+}  // namespace
+
+int RunConvert(const Arguments& arguments) {
+  CheckLayoutOptions(arguments);
+  const Files files = CheckedFiles(arguments);
+  const auto job = arguments.Value("--job");
+  const Summary summary(arguments.Has("--quiet"));
+  ProgressLine progress(WantsProgress(arguments));
+  progress.Begin(job.value_or(""));
+  JobSession session(job, [&](std::uint64_t done, std::uint64_t total) { progress.Show(done, total); });
+  progress.Clear();
+  const Module module;
+  Import(files, module, session.Document(), summary, progress);
+  Export(files, module, session.Document(), summary, progress);
+  // Every input has brought something, or there would have been a failure.
+  session.Keep(std::nullopt, /*succeeded=*/true);
+  return exit_status::kRan;
+}

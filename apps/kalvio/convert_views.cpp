@@ -1,0 +1,60 @@
+#include "convert_views.h"
+
+#include <algorithm>
+#include <array>
+#include <nlohmann/json.hpp>
+
+#include "services/message_box.h"
+#include "services/translate.h"
+
+namespace {
+
+struct DialogRow {
+  std::string_view dialog;
+  bool (*fill)(Dialog& dialog, const std::string& path);
+  std::string_view press;
+};
+
+bool ChooseFile(Dialog& dialog, const std::string& path) {
+  return dialog.Set("path", path) == DialogSet::kDone;
+}
+
+// Checks every row of every list.
+bool CheckAll(Dialog& dialog, const std::string& /*path*/) {
+  const DialogState state = dialog.State();
+  for (const auto& [key, list] : state.items()) {
+    DialogState positions = DialogState::array();
+    for (std::size_t i = 0; i < list.size(); ++i) positions.push_back(i);
+    if (dialog.Set(key, positions) != DialogSet::kDone) return false;
+  }
+  return true;
+}
+
+constexpr std::array kDialogs = {
+    DialogRow{"file", ChooseFile, "OK"},
+    DialogRow{"landxml-survey", CheckAll, ">>"},
+    DialogRow{"landxml-triangulation", CheckAll, ">>"},
+    // On the last page there is nothing further; "Cancel" is what ends the choice there.
+    DialogRow{"landxml-roads", CheckAll, "Cancel"},
+};
+
+}  // namespace
+
+int ConvertViews::ShowDialog(Dialog& dialog) {
+  const auto* const row = std::find_if(kDialogs.begin(), kDialogs.end(), [&](const DialogRow& each) {
+    return each.dialog == dialog.Name();
+  });
+  if (row != kDialogs.end() && row->fill(dialog, path_)) {
+    if (const auto code = dialog.Press(row->press)) return *code;
+  }
+  messages_.push_back(
+      Fill(Xlate("internal error: no answer for dialog \"{1}\""), {tdk::WString(dialog.Name())})
+          .ToUtf8());
+  return Dialog::kCancel;
+}
+
+int ConvertViews::ShowMessage(const tdk::WString& /*caption*/, const tdk::WString& text,
+                              unsigned flags) {
+  messages_.push_back(text.ToUtf8());
+  return (flags & kBoxYesNo) != 0 ? kAnswerNo : kAnswerOk;
+}

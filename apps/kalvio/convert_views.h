@@ -1,0 +1,34 @@
+// A user interface that answers the dialogs of one exchange by itself.
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "progress_line.h"
+#include "services/dialog.h"
+#include "services/window.h"
+
+class ConvertViews : public HostViews {
+ public:
+  /// `path` is the file to exchange (absolute). `progress` is not owned.
+  ConvertViews(std::string path, ProgressLine& progress)
+      : path_(std::move(path)), progress_(progress) {}
+
+  int ShowDialog(Dialog& dialog) override;
+  int ShowMessage(const tdk::WString& caption, const tdk::WString& text, unsigned flags) override;
+  void StartWait() override {}
+  void EndWait() override {}
+  void ShowProgress(std::uint64_t done, std::uint64_t total) override { progress_.Show(done, total); }
+  void TakeNote(const ExchangeNote& note) override { notes_.push_back(note.text.ToUtf8()); }
+
+  /// What the exchange left out, in words.
+  const std::vector<std::string>& Notes() const { return notes_; }
+  /// What it said in message boxes.
+  const std::vector<std::string>& Messages() const { return messages_; }
+
+ private:
+  std::string path_;
+  ProgressLine& progress_;
+  std::vector<std::string> notes_;
+  std::vector<std::string> messages_;
+};

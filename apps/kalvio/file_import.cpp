@@ -1,0 +1,123 @@
+#include "file_import.h"
+
+#include <filesystem>
+#include <optional>
+
+#include "console.h"
+#include "convert_views.h"
+#include "failure.h"
+#include "formats.h"
+#include "host/document/host_document.h"
+#include "job_session.h"
+#include "platform/paths.h"
+#include "services/translate.h"
+
+namespace {
+
+constexpr std::size_t kRemarksShown = 10;
+
+// Keeps the first trouble with files while one exchange runs.
+class TroubleScope {
+ public:
+  TroubleScope()
+      : previous_(platform::SetFileTroubleListener([this](const platform::FileTrouble& trouble) {
+          if (!first_) first_ = trouble;
+        })) {}
+  ~TroubleScope() { platform::SetFileTroubleListener(previous_); }
+  TroubleScope(const TroubleScope&) = delete;
+  TroubleScope& operator=(const TroubleScope&) = delete;
+
+  /// Empty when there was none. `path` is the file that it is about; another one is named.
+  std::string Reason(const std::string& path) const {
+    if (!first_) return {};
+    const std::string reason = console::InWords(*first_);
+    return first_->path == platform::NativePath(path) ? reason : first_->path + ": " + reason;
+  }
+
+ private:
+  std::optional<platform::FileTrouble> first_;
+  platform::FileTroubleListener previous_;
+};
+
+std::string NameOf(const std::string& path) {
+  return std::string(platform::FileName(path));
+}
+
+// Runs one function of the module on one file and gives back what it said; throws Failure when it did not succeed.
+std::vector<std::string> Run(const Module& module, const char* function, const std::string& path,
+                             HostDocument& document, ProgressLine& progress) {
+  const TroubleScope trouble;
+  const std::string absolute = AbsolutePath(path);
+  ConvertViews views(absolute, progress);
+  CWnd window(&views);
+  progress.Begin(NameOf(path));
+  const CallResult result =
+      module.Call(function, window, document, {"kalvio", KALVIO_VERSION});
+  progress.Clear();
+  std::vector<std::string> said = views.Messages();
+  if (const std::string reason = trouble.Reason(absolute); !reason.empty()) {
+    throw Failed(path, reason);
+  }
+  said.insert(said.end(), views.Notes().begin(), views.Notes().end());
+  if (result.value == 1) return said;
+  throw Failed(path, said.empty() ? Xlate("the module refused it").ToUtf8() : said.front());
+}
+
+// What the module would not tell: it takes a file that is not there, or holds nothing, for one without records.
+void CheckInput(const std::string& path) {
+  const std::string file = platform::NativePath(path);
+  std::error_code error;
+  const auto status = std::filesystem::status(file, error);
+  if (!std::filesystem::exists(status)) {
+    throw Failed(path, Xlate("cannot be opened").ToUtf8() + ": " + console::Reason(error.value()));
+  }
+  if (std::filesystem::is_regular_file(status) && std::filesystem::file_size(file, error) == 0 &&
+      !error) {
+    throw Failed(path, Xlate("the file is empty").ToUtf8());
+  }
+}
+
+}  // namespace
+
+Exchange ImportFile(const Module& module, const std::string& path, HostDocument& document,
+                    ProgressLine& progress) {
+  CheckReadable(path);
+  CheckInput(path);
+  const FormatRow& format = FormatOf(path);
+  const Counts before = CountsOf(document);
+  Exchange exchange;
+  exchange.remarks = Run(module, format.importFunction, path, document, progress);
+  exchange.counts = CountsOf(document) - before;
+  if (exchange.counts.IsNothing()) {
+    throw Failed(path, Fill(Xlate("nothing was imported: no {1} record in it"), {format.name})
+                           .ToUtf8());
+  }
+  return exchange;
+}
+
+Exchange ExportFile(const Module& module, const std::string& path, HostDocument& document,
+                    ProgressLine& progress) {
+  CheckWritable(path);
+  const FormatRow& format = FormatOf(path);
+  Exchange exchange;
+  exchange.remarks = Run(module, format.exportFunction, path, document, progress);
+  std::error_code error;
+  if (!std::filesystem::exists(platform::NativePath(path), error)) {
+    throw Failed(path, exchange.remarks.empty() ? Xlate("it was not written").ToUtf8()
+                                                : exchange.remarks.front());
+  }
+  const Counts all = CountsOf(document);
+  exchange.counts = Within(all, format.carried);
+  exchange.leftBack = all - exchange.counts;
+  return exchange;
+}
+
+void TellRemarks(const std::string& path, const std::vector<std::string>& remarks) {
+  for (std::size_t i = 0; i < remarks.size() && i < kRemarksShown; ++i) {
+    console::Complain(path + ": " + remarks[i]);
+  }
+  if (remarks.size() <= kRemarksShown) return;
+  const std::uint64_t more = remarks.size() - kRemarksShown;
+  console::Complain(path + ": " +
+                    Fill(Xlate("and {1} more"), {tdk::WString(console::Number(more))}).ToUtf8());
+}

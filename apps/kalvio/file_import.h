@@ -1,0 +1,26 @@
+// One file brought into a job, or out of it, through the module.
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "counts.h"
+#include "module.h"
+#include "progress_line.h"
+
+struct Exchange {
+  Counts counts;    ///< what came in, or went out
+  Counts leftBack;  ///< export: what the job holds but such a file does not
+  std::vector<std::string> remarks;  ///< what the module said on the way
+};
+
+/// Reads `path` into the document; throws Failure when nothing came in.
+Exchange ImportFile(const Module& module, const std::string& path, HostDocument& document,
+                    ProgressLine& progress);
+
+/// Writes the document to `path`; throws Failure when the file was not written.
+Exchange ExportFile(const Module& module, const std::string& path, HostDocument& document,
+                    ProgressLine& progress);
+
+/// Tells the remarks on standard error, the first ten of them and how many more there are.
+void TellRemarks(const std::string& path, const std::vector<std::string>& remarks);

@@ -1,0 +1,79 @@
+#include "formats.h"
+
+#include <array>
+
+#include "commands.h"
+#include "console.h"
+#include "failure.h"
+#include "platform/paths.h"
+#include "services/translate.h"
+#include "table.h"
+
+std::span<const FormatRow> FormatTable() {
+  using enum Exchanged;
+  constexpr Carried kTotalStation{};
+  constexpr Carried kAll{true, true, true};
+  constexpr Carried kLandXml{.gps = true, .known = true, .controls = false};
+  static constexpr std::array<FormatRow, 9> kTable = {{
+      {"jb2", "JB2", kNow, kNow, "FImportJB2File", "FExportJB2File", kTotalStation},
+      {"jb3", "JB3", kNotYet, kNotYet, "FImportJB3File", "FExportJB3File", kAll},
+      {"txt", "TXT", kNotYet, kNotYet, "FImportTXTFile", "FExportTXTFile", kAll},
+      {"csv", "CSV", kNotYet, kNotYet, "FImportCSVFile", "FExportCSVFile", kAll},
+      {"dxf", "DXF", kNotYet, kNotYet, "FImportDXFDWGFile", "FExportDXFDWGFile", kAll},
+      {"dwg", "DWG", kNotYet, kNotYet, "FImportDXFDWGFile", "FExportDXFDWGFile", kAll},
+      {"shp", "Shape", kNotYet, kNotYet, "FImportEntFromFileShape", "FExportEntInFileShape", kAll},
+      {"xml", "LandXML", kNotYet, kNow, nullptr, "FExportLandXMLFile", kLandXml},
+      {"dat", "DAT", kNever, kNotYet, nullptr, "FExportDATFile", kAll},
+  }};
+  return kTable;
+}
+
+const FormatRow* FindFormat(const std::string& path) {
+  const std::string extension = platform::Extension(path);
+  for (const FormatRow& row : FormatTable()) {
+    if (row.extension == extension) return &row;
+  }
+  return nullptr;
+}
+
+const FormatRow& FormatOf(const std::string& path) {
+  if (const FormatRow* const row = FindFormat(path)) return *row;
+  std::string known;
+  for (const FormatRow& row : FormatTable()) {
+    known.append(known.empty() ? "" : ", ").append(row.extension);
+  }
+  throw BadUsage(
+      path + ": " +
+      Fill(Xlate("the extension says no format; known are {1}"), {tdk::WString(known)}).ToUtf8());
+}
+
+void CheckReadable(const std::string& path) {
+  const FormatRow& row = FormatOf(path);
+  if (row.read == Exchanged::kNow) return;
+  const auto pattern = row.read == Exchanged::kNever
+                           ? Xlate("{1} files cannot be read")
+                           : Xlate("{1} files cannot be read yet: not available in this version");
+  throw Failed(path, Fill(pattern, {row.name}).ToUtf8());
+}
+
+void CheckWritable(const std::string& path) {
+  const FormatRow& row = FormatOf(path);
+  if (row.written == Exchanged::kNow) return;
+  const auto pattern = Xlate("{1} files cannot be written yet: not available in this version");
+  throw Failed(path, Fill(pattern, {row.name}).ToUtf8());
+}
+
+int RunFormats() {
+  const auto answer = [](Exchanged exchanged) {
+    if (exchanged == Exchanged::kNever) return std::string("–");
+    return exchanged == Exchanged::kNow ? Xlate("yes").ToUtf8() : Xlate("not yet").ToUtf8();
+  };
+  Table table;
+  table.Add({Xlate("format").ToUtf8(), Xlate("extension").ToUtf8(), Xlate("import").ToUtf8(),
+             Xlate("export").ToUtf8()});
+  for (const FormatRow& row : FormatTable()) {
+    table.Add({row.name, row.extension, answer(row.read), answer(row.written)});
+  }
+  console::Out(table.Text());
+  return exit_status::kRan;
+}

@@ -1,0 +1,34 @@
+// The formats, one row each.
+#pragma once
+
+#include <span>
+#include <string>
+
+#include "counts.h"
+
+/// Whether this version exchanges a format in one direction.
+enum class Exchanged {
+  kNow,
+  kNotYet,
+  kNever  ///< no version reads it
+};
+
+struct FormatRow {
+  const char* extension;
+  const char* name;
+  Exchanged read;
+  Exchanged written;
+  const char* importFunction;  ///< null when it is never read
+  const char* exportFunction;
+  Carried carried;  ///< what of a job such a file holds
+};
+
+std::span<const FormatRow> FormatTable();
+
+/// The format of a path by its extension, letter case ignored; null for an unknown one.
+const FormatRow* FindFormat(const std::string& path);
+/// Throws Failure (bad usage), which names the known formats, for an unknown one.
+const FormatRow& FormatOf(const std::string& path);
+/// Each throws Failure when this version cannot do that.
+void CheckReadable(const std::string& path);
+void CheckWritable(const std::string& path);

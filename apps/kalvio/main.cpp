@@ -1,0 +1,79 @@
+#include <clocale>
+#include <cstdlib>
+
+#include "commands.h"
+#include "console.h"
+#include "failure.h"
+#include "help.h"
+#include "host/store/job_store.h"
+#include "pages.h"
+#include "services/translate.h"
+
+namespace {
+
+// As a desktop host chooses it: --lang, else the first of these that is set.
+void ChooseLanguage(const std::vector<std::string>& words) {
+  if (const auto chosen = ChosenLanguage(words)) {
+    SetLanguage(*chosen);
+    return;
+  }
+  for (const char* variable : {"LC_ALL", "LC_MESSAGES", "LANG"}) {
+    const char* const value = std::getenv(variable);
+    if (value == nullptr || *value == '\0') continue;
+    SetLanguage(value);
+    return;
+  }
+}
+
+int RunCommand(const Arguments& arguments) {
+  const std::string_view name = arguments.command->name;
+  if (name == "call") return RunCall(arguments);
+  if (name == "convert") return RunConvert(arguments);
+  if (name == "show") return RunShow(arguments);
+  if (name == "formats") return RunFormats();
+  throw Failure(exit_status::kFailed, Xlate("plot is not available in this version").ToUtf8());
+}
+
+int Run(const std::vector<std::string>& words) {
+  ChooseLanguage(words);
+  const Arguments arguments = ParseArguments(words);
+  if (arguments.Has("--help")) {
+    console::Out(arguments.command == nullptr ? ProgramHelp() : CommandHelp(*arguments.command));
+  } else if (arguments.Has("--version")) {
+    console::Out("kalvio " KALVIO_VERSION "\n");
+  } else if (const auto kind = arguments.Value("--generate")) {
+    console::Out(*kind == "man" ? ManPage() : BashCompletion());
+  } else if (arguments.command == nullptr) {
+    throw BadUsage(Xlate("no command; kalvio --help lists them").ToUtf8());
+  } else {
+    return RunCommand(arguments);
+  }
+  return exit_status::kRan;
+}
+
+int RunToStatus(const std::vector<std::string>& words) {
+  try {
+    const int status = Run(words);
+    if (console::FinishOutput()) return status;
+    console::Complain(console::OutputTrouble());
+  } catch (const Failure& failure) {
+    console::Complain(failure.what());
+    return failure.Status();
+  } catch (const JobKeyError& error) {
+    console::Complain(error.what());
+    return exit_status::kBadUsage;
+  } catch (const std::exception& error) {
+    console::Complain(error.what());
+  }
+  return exit_status::kFailed;
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  console::SecureStreams();
+  std::setlocale(LC_ALL, "");
+  const int status = RunToStatus({argv + (argc > 0 ? 1 : 0), argv + argc});
+  console::FinishOutput();  // what was said before a failure; the failure itself has been told
+  return status;
+}

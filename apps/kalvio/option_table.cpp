@@ -1,0 +1,124 @@
+#include "option_table.h"
+
+#include <algorithm>
+#include <array>
+#include <limits>
+
+#include "failure.h"
+#include "services/translate.h"
+
+namespace {
+
+constexpr std::size_t kAny = std::numeric_limits<std::size_t>::max();
+
+// The layout options of "convert" have no effect on the formats of this version, so no help shows them.
+constexpr const char* kNotShown = nullptr;
+constexpr const char* kNoFallback = nullptr;
+
+constexpr auto kOptions = std::to_array<OptionRow>({
+    {"convert", "INPUT", "", ToXlate("input files, read in this order"), kNoFallback, true},
+    {"convert", "OUTPUT", "", ToXlate("output file; an older one is written over"), kNoFallback},
+    {"convert", "--kind", "known|control|ts|gps", kNotShown, kNoFallback},
+    {"convert", "--columns", "LIST", kNotShown, kNoFallback},
+    {"convert", "--separator", "space|comma|tab", kNotShown, kNoFallback},
+    {"convert", "--widths", "LIST", kNotShown, kNoFallback},
+    {"convert", "--header-rows", "N", kNotShown, kNoFallback},
+    {"convert", "--quote-names", nullptr, kNotShown, kNoFallback},
+    {"convert", "--dwg-version", "2000|r14", kNotShown, kNoFallback},
+    {"convert", "--dxf-version", "2000|r12", kNotShown, kNoFallback},
+    {"convert", "--crs", "AUTH:CODE", kNotShown, kNoFallback},
+    {"convert", "--job", "JOB", ToXlate("import into and export from this job"),
+     ToXlate("a new one")},
+    {"convert", "--quiet", nullptr, ToXlate("no summary"), kNoFallback},
+    {"convert", "--progress", "auto|always|never", ToXlate("show how far it has come"),
+     ToXlate("auto: on a terminal only")},
+
+    {"show", "JOB|FILE", "", ToXlate("job folder, .json document or a file that can be read"),
+     kNoFallback},
+    {"show", "--json", nullptr, ToXlate("the whole job as a JSON document"), kNoFallback},
+    {"show", "--all", nullptr, ToXlate("lists in full, however long they are"), kNoFallback},
+
+    {"call", "FUNCTION", "", ToXlate("name of the exported function"), kNoFallback},
+    {"call", "--job", "JOB", ToXlate("job folder or .json document to work on"),
+     ToXlate("an empty job in the current directory")},
+    {"call", "--save", "JOB", ToXlate("where the job is written after the call"),
+     ToXlate("a job folder, after a call that returned 1")},
+    {"call", "--answers", "FILE", ToXlate("JSON list of answers to dialogs and questions"),
+     ToXlate("every dialog is cancelled")},
+    {"call", "--window", "NAME", ToXlate("have a top-level window of that name"), kNoFallback,
+     true},
+    {"call", "--option", "KEY=VALUE", ToXlate("app-name=… or app-version=… (JB3 export)"),
+     kNoFallback, true},
+
+    {"plot", "JOB|FILE", "", kNotShown, kNoFallback, true},
+
+    {"*", "--lang", "en|it", ToXlate("language of all texts"), ToXlate("from the environment")},
+    {"*", "--help", nullptr, ToXlate("this help"), kNoFallback},
+    {"", "--version", nullptr, ToXlate("the version"), kNoFallback},
+    {"", "--generate", "man|bash", kNotShown, kNoFallback},
+});
+
+constexpr std::array kConvertExamples = {
+    "kalvio convert rilievo.jb2 rilievo.xml",
+    "kalvio convert --job survey/ monday.jb2 week.jb2",
+    "kalvio convert --quiet a.jb2 b.jb2 both.jb2",
+};
+constexpr std::array kShowExamples = {
+    "kalvio show rilievo.jb2",
+    "kalvio show survey/",
+    "kalvio show rilievo.jb2 --json > rilievo.json",
+};
+constexpr std::array kCallExamples = {
+    "kalvio call FImportJB2File --job survey/ --answers answers.json",
+    "kalvio call FExportLandXMLFile --job survey.json --answers answers.json",
+    "kalvio call FImportJB2File --answers answers.json --save survey.json",
+};
+constexpr std::array kFormatsExamples = {"kalvio formats"};
+constexpr std::array kProgramExamples = {
+    "kalvio convert rilievo.jb2 rilievo.xml",
+    "kalvio show rilievo.jb2",
+    "kalvio convert --job survey/ monday.jb2 tuesday.jb2 both.jb2",
+};
+
+constexpr std::array kUsualStatuses = {exit_status::kRan, exit_status::kFailed,
+                                       exit_status::kBadUsage};
+constexpr std::array kCallStatuses = {exit_status::kRan, exit_status::kFailed,
+                                      exit_status::kBadUsage, exit_status::kUnexpectedDialog};
+
+constexpr auto kStatuses = std::to_array<StatusRow>({
+    {exit_status::kRan, ToXlate("it ran")},
+    {exit_status::kFailed, ToXlate("it ran and failed; standard error says why")},
+    {exit_status::kBadUsage, ToXlate("bad usage")},
+    {exit_status::kUnexpectedDialog, ToXlate("a dialog came that the answers did not expect")},
+});
+
+constexpr auto kCommands = std::to_array<CommandRow>({
+    {"convert", "[OPTION]... INPUT... OUTPUT", ToXlate("Converts survey files into another format."),
+     ToXlate("Reads every input into one job and writes the output; extensions say the formats."),
+     kConvertExamples, kUsualStatuses, 2, kAny},
+    {"show", "[OPTION]... JOB|FILE", ToXlate("Shows what a job or a survey file holds."),
+     ToXlate("Shows what a job or a file holds: jobs, stations, points, extents."), kShowExamples,
+     kUsualStatuses, 1, 1},
+    {"call", "FUNCTION [OPTION]...",
+     ToXlate("Runs one function of the exchange module with scripted answers."),
+     ToXlate("Runs one function of the exchange module and prints all that it asks, tells and "
+             "changes."),
+     kCallExamples, kCallStatuses, 1, 1},
+    {"formats", "[OPTION]...", ToXlate("Lists the formats and what can be done with each."),
+     ToXlate("Lists the formats and what can be done with each."), kFormatsExamples, kUsualStatuses,
+     0, 0},
+    {"plot", "JOB|FILE OUTPUT", nullptr, nullptr, {}, kUsualStatuses, 0, kAny},
+});
+
+}  // namespace
+
+std::span<const OptionRow> OptionTable() { return kOptions; }
+std::span<const CommandRow> CommandTable() { return kCommands; }
+std::span<const StatusRow> StatusTable() { return kStatuses; }
+std::span<const char* const> ProgramExamples() { return kProgramExamples; }
+
+const CommandRow* FindCommand(std::string_view name) {
+  const auto* const found = std::find_if(kCommands.begin(), kCommands.end(),
+                                         [&](const CommandRow& row) { return row.name == name; });
+  return found == kCommands.end() ? nullptr : &*found;
+}

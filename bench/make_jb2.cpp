@@ -1,0 +1,25 @@
+// kalvio-make-jb2: writes JB2 files of any size, the same bytes for the same seed.
+#include <CLI/CLI.hpp>
+#include <string>
+
+#include "plain_jb2.h"
+
+int main(int argc, char** argv) {
+  CLI::App app("Writes a JB2 file with made-up jobs.");
+  bench::JobShape shape;
+  std::string path;
+  const auto positive = CLI::Range(std::uint64_t{1}, std::uint64_t{1} << 40);
+  app.add_option("--points", shape.points, "Points in all")->capture_default_str();
+  app.add_option("--stations", shape.stations, "Stations in all, which share the points evenly")
+      ->capture_default_str()
+      ->check(positive);
+  app.add_option("--jobs", shape.jobs, "Jobs, which share the stations evenly")
+      ->capture_default_str()
+      ->check(positive);
+  app.add_option("--seed", shape.seed, "The same seed gives the same file")->capture_default_str();
+  app.add_option("OUTPUT", path, "The file to write")->required();
+  CLI11_PARSE(app, argc, argv);
+
+  bench::PlainJb2 file(path);
+  bench::JobMaker(shape, file).Run();
+}

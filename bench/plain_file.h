@@ -1,0 +1,61 @@
+// A text file written the plain way: numbers by std::to_chars, texts copied, one buffer, one call
+// to write it out.
+#pragma once
+
+#include <array>
+#include <charconv>
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
+#include <string>
+#include <string_view>
+
+namespace bench {
+
+class PlainFile {
+ public:
+  explicit PlainFile(const std::string& path) : file_(std::fopen(path.c_str(), "wb")) {
+    if (file_ == nullptr) Die(path.c_str());
+    std::setvbuf(file_, nullptr, _IONBF, 0);
+  }
+  ~PlainFile() {
+    Flush();
+    if (std::fclose(file_) != 0) Die("close");
+  }
+  PlainFile(const PlainFile&) = delete;
+  PlainFile& operator=(const PlainFile&) = delete;
+
+  void Text(std::string_view text) {
+    std::memcpy(at_, text.data(), text.size());
+    at_ += text.size();
+  }
+  void Fixed(double value, int decimals) {
+    at_ = std::to_chars(at_, buffer_.end(), value, std::chars_format::fixed, decimals).ptr;
+  }
+  void Whole(std::size_t value) { at_ = std::to_chars(at_, buffer_.end(), value).ptr; }
+
+  /// To be called between records, none of which is longer than kLongestRecord.
+  void EndRecord() {
+    if (buffer_.end() - at_ < kLongestRecord) Flush();
+  }
+
+ private:
+  static constexpr std::ptrdiff_t kLongestRecord = 8 * 1024;
+
+  [[noreturn]] static void Die(const char* what) {
+    std::perror(what);
+    std::exit(2);
+  }
+
+  void Flush() {
+    const auto size = static_cast<std::size_t>(at_ - buffer_.begin());
+    if (std::fwrite(buffer_.data(), 1, size, file_) != size) Die("write");
+    at_ = buffer_.begin();
+  }
+
+  std::FILE* file_;
+  std::array<char, 256 * 1024> buffer_;
+  char* at_ = buffer_.begin();
+};
+
+}  // namespace bench

@@ -1,0 +1,231 @@
+#include "host/store/json_reader.h"
+
+#include <type_traits>
+
+#include "platform/numbers.h"
+
+// The shape of the document, from the inside out.
+struct JsonJobReader::Levels {
+  using R = JsonJobReader;
+  static constexpr Form kList = Form::kListOfObjects;
+
+  static constexpr Level kObservation[] = {
+      {"points", kList, &R::Select<&R::observation_>, &R::BeginObservation, &R::EndObservation}};
+  static constexpr Level kStation[] = {
+      {"stations", kList, &R::Select<&R::station_>, &R::BeginStation, &R::EndStation, kObservation}};
+  static constexpr Level kGpsPoint[] = {
+      {"points", kList, &R::Select<&R::gpsPoint_>, &R::BeginGpsPoint, &R::EndGpsPoint}};
+  static constexpr Level kKnownPoint[] = {
+      {"points", kList, &R::Select<&R::point_>, &R::BeginPoint, &R::EndKnownPoint}};
+  static constexpr Level kSection[] = {
+      {"", Form::kObject, &R::SelectSetting, &R::BeginSection, nullptr}};
+
+  static constexpr Level kMembers[] = {
+      {"jobs", kList, &R::Select<&R::job_>, &R::BeginJob, &R::EndJob, kStation},
+      {"gpsGroups", kList, &R::Select<&R::gpsGroup_>, &R::BeginGpsGroup, &R::EndGpsGroup, kGpsPoint},
+      {"knownGroups", kList, &R::Select<&R::knownGroup_>, &R::BeginKnownGroup, &R::EndKnownGroup,
+       kKnownPoint},
+      {"controlPoints", kList, &R::Select<&R::point_>, &R::BeginPoint, &R::EndControl},
+      {"current", Form::kObject, &R::SelectCurrent},
+      {"targets", Form::kObject, &R::Select<&R::targets_>, nullptr, &R::EndTargets},
+      {"settings", Form::kObject, nullptr, nullptr, nullptr, kSection},
+      {"terrain", Form::kNotHeld},
+      {"roads", Form::kNotHeld},
+      {"gis", Form::kNotHeld},
+      {"cadastral", Form::kNotHeld},
+      {"drawing", Form::kNotHeld}};
+
+  static constexpr Level kDocument = {"", Form::kObject, nullptr, nullptr, &R::EndDocument, kMembers};
+  // A list of plain values, as a field has it.
+  static constexpr Level kParts = {};
+};
+
+namespace {
+
+template <class Field>
+inline constexpr bool kHasParts = kIsList<std::remove_pointer_t<Field>>;
+
+std::string ExpectedParts(std::size_t count) {
+  std::string expected = "a list of ";
+  platform::AppendWhole(expected, static_cast<std::int64_t>(count));
+  return expected;
+}
+
+}  // namespace
+
+void JsonJobReader::Fail(const std::string& reason) const {
+  throw JobError(path_ + ": " + place_.Text() + ": " + reason);
+}
+
+void JsonJobReader::FailAtLargeNumber(const std::string& text) {
+  place_.NextValue();
+  Fail("the number is too large: " + text);
+}
+
+bool JsonJobReader::key(const std::string& key) {
+  RequireHeld();
+  const Level& level = *levels_.back();
+  slot_ = level.select == nullptr ? Slot() : (this->*level.select)(key);
+  if (slot_.index() == 0 && Below(level, key) == nullptr) {
+    place_.SetKey("");
+    throw JobKeyError(path_ + ": " + place_.Text() + ": unknown key \"" + key + "\"");
+  }
+  place_.SetKey(key);
+  return true;
+}
+
+bool JsonJobReader::TakeValue(const JsonValue& value) {
+  place_.NextValue();
+  std::string expected = "an object";
+  if (!levels_.empty()) {
+    RequireHeld();
+    if (!place_.InList()) {
+      expected = PutMember(value);
+    } else if (levels_.back() == &Levels::kParts) {
+      expected = PutPart(value);
+    }
+  }
+  if (!expected.empty()) Fail("expected " + expected + ", found " + InWords(value));
+  return true;
+}
+
+bool JsonJobReader::Open(bool isList) {
+  place_.NextValue();
+  const Level* const level = LevelOf(isList);
+  if (level == nullptr) Fail(isList ? "a list does not belong here" : "an object does not belong here");
+  place_.Enter(isList);
+  levels_.push_back(level);
+  part_ = 0;
+  if (!isList && level->begin != nullptr) (this->*level->begin)();
+  return true;
+}
+
+// What the object or list that begins is; null when it does not belong there.
+const JsonJobReader::Level* JsonJobReader::LevelOf(bool isList) {
+  if (levels_.empty()) return isList ? nullptr : &Levels::kDocument;
+  RequireHeld();
+  if (!place_.InList()) return LevelOfMember(isList);
+  return isList || levels_.back() == &Levels::kParts ? nullptr : levels_.back();
+}
+
+const JsonJobReader::Level* JsonJobReader::LevelOfMember(bool isList) {
+  const Level* const below = Below(*levels_.back(), place_.Key());
+  if (below == nullptr) {
+    const bool hasParts = std::visit([](auto field) { return kHasParts<decltype(field)>; }, slot_);
+    return isList && hasParts ? &Levels::kParts : nullptr;
+  }
+  const bool fits = below->form == Form::kNotHeld || isList == (below->form == Form::kListOfObjects);
+  return fits ? below : nullptr;
+}
+
+const JsonJobReader::Level* JsonJobReader::Below(const Level& level, std::string_view key) {
+  for (const Level& below : level.below) {
+    if (below.key.empty() || below.key == key) return &below;
+  }
+  return nullptr;
+}
+
+void JsonJobReader::RequireHeld() const {
+  if (levels_.back()->form == Form::kNotHeld) Fail("this version cannot hold it");
+}
+
+std::string JsonJobReader::PutMember(const JsonValue& value) {
+  if (const Level* const below = Below(*levels_.back(), place_.Key())) {
+    if (below->form == Form::kListOfObjects) return "a list";
+    return std::holds_alternative<std::nullptr_t>(value) ? "" : "an object";
+  }
+  return std::visit(
+      [&](auto field) -> std::string {
+        using Target = std::remove_pointer_t<decltype(field)>;
+        if constexpr (std::is_same_v<Target, std::monostate>) {
+          return "nothing";  // no key leads here
+        } else if constexpr (std::is_same_v<Target, Setting>) {
+          return PutSetting(value);
+        } else if constexpr (kIsList<Target>) {
+          // Nothing of a list of numbers is defined: it stays as it is in a new record.
+          constexpr bool mayBeNull = std::is_floating_point_v<typename Target::value_type>;
+          const bool isNull = std::holds_alternative<std::nullptr_t>(value);
+          return mayBeNull && isNull ? "" : ExpectedParts(field->size());
+        } else {
+          return Put(value, *field);
+        }
+      },
+      slot_);
+}
+
+std::string JsonJobReader::PutPart(const JsonValue& value) {
+  return std::visit(
+      [&](auto field) -> std::string {
+        if constexpr (kHasParts<decltype(field)>) {
+          if (part_ == field->size()) return ExpectedParts(field->size());
+          return Put(value, (*field)[part_++]);
+        } else {
+          return "nothing";  // only a list of parts leads here
+        }
+      },
+      slot_);
+}
+
+std::string JsonJobReader::PutSetting(const JsonValue& value) {
+  std::string text;
+  bool flag = false;
+  std::int64_t whole = 0;
+  if (Put(value, flag).empty()) {
+    text = flag ? "true" : "false";
+  } else if (Put(value, whole).empty()) {
+    platform::AppendWhole(text, whole);
+  } else if (!Put(value, text).empty()) {
+    return "a text, a whole number, true or false";
+  }
+  document_.Settings().Set(setting_.section, setting_.key, text);
+  return {};
+}
+
+// An empty list of texts is what stands for a list that is left out.
+void JsonJobReader::RequireAllParts() const {
+  std::visit(
+      [&](auto field) {
+        if constexpr (kHasParts<decltype(field)>) {
+          const bool isLeftOut = std::is_same_v<decltype(field), std::array<std::string, 4>*> && part_ == 0;
+          if (part_ != field->size() && !isLeftOut) Fail("expected " + ExpectedParts(field->size()));
+        }
+      },
+      slot_);
+}
+
+bool JsonJobReader::end_object() {
+  const Level& level = *levels_.back();
+  if (level.end != nullptr) (this->*level.end)();
+  levels_.pop_back();
+  place_.Leave();
+  return true;
+}
+
+bool JsonJobReader::end_array() {
+  const bool wereParts = levels_.back() == &Levels::kParts;
+  levels_.pop_back();
+  place_.Leave();
+  if (wereParts) RequireAllParts();
+  return true;
+}
+
+template <auto record>
+JsonJobReader::Slot JsonJobReader::Select(std::string_view key) {
+  auto& target = this->*record;
+  Slot slot;
+  ForEachField<std::remove_reference_t<decltype(target)>>([&](const auto& field) {
+    if (field.key == key) slot = &(target.*field.member);
+  });
+  return slot;
+}
+
+JsonJobReader::Slot JsonJobReader::SelectCurrent(std::string_view key) {
+  selectsStation_ = selectsStation_ || key == "station";
+  selectsGpsGroup_ = selectsGpsGroup_ || key == "gpsGroup";
+  return Select<&JsonJobReader::current_>(key);
+}
+
+JsonJobReader::Slot JsonJobReader::SelectSetting(std::string_view key) {
+  setting_.key = key;
+  return &setting_;
+}

@@ -1,0 +1,127 @@
+// The job as a JSON document, taken up event by event: the document itself is never held.
+#pragma once
+
+#include <array>
+#include <span>
+#include <string>
+#include <string_view>
+#include <variant>
+#include <vector>
+
+#include "host/store/json_place.h"
+#include "host/store/json_values.h"
+#include "host/store/progress.h"
+#include "host/store/records.h"
+#include "platform/text_reader.h"
+
+/// Takes the events of a parser and fills a document. Complaints are JobError and JobKeyError and leave the parser.
+class JsonJobReader {
+ public:
+  /// `path` names the file in complaints, `file` tells how far it is read. Nothing is owned.
+  JsonJobReader(const std::string& path, const platform::TextReader& file, HostDocument& document,
+                const JobProgress& progress)
+      : path_(path), file_(file), document_(document), progress_(progress, 0) {}
+
+  // What the parser calls, by its names; each returns true: go on.
+  bool null() { return TakeValue({}); }
+  bool boolean(bool value) { return TakeValue(value); }
+  bool number_integer(std::int64_t value) { return TakeValue(value); }
+  bool number_unsigned(std::uint64_t value) { return TakeValue(value); }
+  bool number_float(double value, const std::string& /*text*/) { return TakeValue(value); }
+  bool string(const std::string& value) { return TakeValue(&value); }
+  bool start_object(std::size_t /*size*/) { return Open(/*isList=*/false); }
+  bool start_array(std::size_t /*size*/) { return Open(/*isList=*/true); }
+  bool key(const std::string& key);
+  bool end_object();
+  bool end_array();
+
+  [[noreturn]] void Fail(const std::string& reason) const;
+  /// The parser came upon a number that no double holds.
+  [[noreturn]] void FailAtLargeNumber(const std::string& text);
+
+ private:
+  struct Setting {
+    std::string section;
+    std::string key;
+  };
+  // The field that the next value is for; none when an object or a list of objects is to come.
+  using Slot =
+      std::variant<std::monostate, std::string*, double*, bool*, std::uint8_t*, std::uint16_t*,
+                   std::uint32_t*, std::uint64_t*, std::int32_t*, GeocentricRecord*,
+                   CovarianceRecord*, std::array<std::string, 4>*, std::array<int, 2>*, Setting*>;
+
+  enum class Form { kObject, kListOfObjects, kNotHeld };
+  // One kind of object in the document: where it stands in the object above, what it holds, what it leads to.
+  struct Level {
+    std::string_view key = {};  // in the object above; empty: any
+    Form form = Form::kObject;
+    Slot (JsonJobReader::*select)(std::string_view key) = nullptr;
+    void (JsonJobReader::*begin)() = nullptr;
+    void (JsonJobReader::*end)() = nullptr;
+    std::span<const Level> below = {};
+  };
+  struct Levels;
+
+  bool TakeValue(const JsonValue& value);
+  bool Open(bool isList);
+  const Level* LevelOf(bool isList);
+  const Level* LevelOfMember(bool isList);
+  static const Level* Below(const Level& level, std::string_view key);
+  void RequireHeld() const;
+
+  std::string PutMember(const JsonValue& value);
+  std::string PutPart(const JsonValue& value);
+  std::string PutSetting(const JsonValue& value);
+  void RequireAllParts() const;
+
+  template <auto record>
+  Slot Select(std::string_view key);
+  Slot SelectCurrent(std::string_view key);
+  Slot SelectSetting(std::string_view key);
+
+  template <class Object>
+  Object* Added(Object* object) const;
+  void BeginJob();
+  void EndJob();
+  void BeginStation();
+  void EndStation();
+  void BeginObservation() { observation_ = {}; }
+  void EndObservation();
+  void BeginGpsGroup();
+  void EndGpsGroup();
+  void BeginGpsPoint() { gpsPoint_ = {}; }
+  void EndGpsPoint();
+  void BeginKnownGroup();
+  void EndKnownGroup();
+  void BeginPoint() { point_ = {}; }
+  void EndKnownPoint();
+  void EndControl();
+  void EndTargets();
+  void BeginSection() { setting_.section = place_.KeyAbove(); }
+  void EndDocument();
+  void CountPoint();
+
+  const std::string& path_;
+  const platform::TextReader& file_;
+  HostDocument& document_;
+  PointProgress progress_;
+
+  JsonPlace place_;
+  std::vector<const Level*> levels_;  // of the open objects and lists
+  Slot slot_;
+  std::size_t part_ = 0;  // of the list that slot_ leads to
+
+  JobRecord job_;
+  StationRecord station_;
+  ObservationRecord observation_;
+  GpsGroupRecord gpsGroup_;
+  GpsPointRecord gpsPoint_;
+  KnownGroupRecord knownGroup_;
+  PointRecord point_;
+  TargetsRecord targets_;
+  CurrentRecord current_;
+  bool selectsStation_ = false;
+  bool selectsGpsGroup_ = false;
+  Setting setting_;
+  CSta* openStation_ = nullptr;
+};

@@ -1,0 +1,13 @@
+#include "model/geodesy.h"
+
+namespace {
+
+IGeodesy* current = nullptr;
+
+}  // namespace
+
+ICoordTransform::~ICoordTransform() = default;
+IGeodesy::~IGeodesy() = default;
+
+IGeodesy* IGeodesy::Current() { return current; }
+void IGeodesy::SetCurrent(IGeodesy* geodesy) { current = geodesy; }

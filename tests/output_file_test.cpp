@@ -1,0 +1,393 @@
+#include "platform/output_file.h"
+
+#include <fcntl.h>
+#include <gtest/gtest.h>
+#include <sys/resource.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <array>
+#include <cerrno>
+#include <csignal>
+#include <filesystem>
+
+#include "support/ordinary_user.h"
+#include "support/temporary_folder.h"
+#include "support/trouble_log.h"
+
+namespace {
+
+using platform::FileTrouble;
+using platform::OutputFile;
+using Names = std::vector<std::string>;
+
+constexpr std::size_t kMoreThanAFlush = 700'000;
+
+bool WriteWhole(const std::string& path, const std::string& text) {
+  OutputFile file;
+  if (!file.Open(path)) return false;
+  file.Buffer() += text;
+  return file.Commit();
+}
+
+mode_t ModeOf(const std::string& path) {
+  struct stat facts {};
+  EXPECT_EQ(stat(path.c_str(), &facts), 0) << path;
+  return facts.st_mode & 07777;
+}
+
+// A limit for the size of files as long as it lives, as a full disk would set one.
+class FileSizeLimit {
+ public:
+  explicit FileSizeLimit(rlim_t bytes) : handler_(std::signal(SIGXFSZ, SIG_IGN)) {
+    getrlimit(RLIMIT_FSIZE, &before_);
+    const rlimit limit{bytes, before_.rlim_max};
+    setrlimit(RLIMIT_FSIZE, &limit);
+  }
+  ~FileSizeLimit() {
+    setrlimit(RLIMIT_FSIZE, &before_);
+    std::signal(SIGXFSZ, handler_);
+  }
+  FileSizeLimit(const FileSizeLimit&) = delete;
+  FileSizeLimit& operator=(const FileSizeLimit&) = delete;
+
+ private:
+  rlimit before_{};
+  void (*handler_)(int);
+};
+
+TEST(OutputFile, WritesANewFile) {
+  const TemporaryFolder folder;
+  EXPECT_TRUE(WriteWhole(folder.File("a.txt"), "one\n"));
+  EXPECT_EQ(ReadBytes(folder.File("a.txt")), "one\n");
+  EXPECT_EQ(folder.Names(), Names{"a.txt"});
+}
+
+TEST(OutputFile, WritesAnEmptyFile) {
+  const TemporaryFolder folder;
+  EXPECT_TRUE(WriteWhole(folder.File("a.txt"), ""));
+  EXPECT_EQ(ReadBytes(folder.File("a.txt")), "");
+}
+
+TEST(OutputFile, ReplacesAnOldFile) {
+  const TemporaryFolder folder;
+  const std::string path = folder.Write("a.txt", "a long old text\n");
+  EXPECT_TRUE(WriteWhole(path, "new\n"));
+  EXPECT_EQ(ReadBytes(path), "new\n");
+  EXPECT_EQ(folder.Names(), Names{"a.txt"});
+}
+
+TEST(OutputFile, TakesBackslashesInThePath) {
+  const TemporaryFolder folder;
+  std::filesystem::create_directory(folder.File("jobs"));
+  EXPECT_TRUE(WriteWhole(folder.Path() + "\\jobs\\a.txt", "one\n"));
+  EXPECT_EQ(ReadBytes(folder.File("jobs/a.txt")), "one\n");
+}
+
+TEST(OutputFile, LeavesTheOldFileAsItIsUntilTheCommit) {
+  const TemporaryFolder folder;
+  const std::string path = folder.Write("a.txt", "old\n");
+  OutputFile file;
+  ASSERT_TRUE(file.Open(path));
+  file.Buffer() += "new\n";
+  file.Flush();
+  EXPECT_EQ(ReadBytes(path), "old\n");
+  EXPECT_TRUE(file.Commit());
+  EXPECT_EQ(ReadBytes(path), "new\n");
+}
+
+TEST(OutputFile, LeavesNothingWithoutACommit) {
+  const TemporaryFolder folder;
+  const std::string path = folder.Write("a.txt", "old\n");
+  {
+    OutputFile file;
+    ASSERT_TRUE(file.Open(path));
+    file.Buffer() += "new\n";
+    file.Flush();
+    EXPECT_EQ(folder.Names().size(), 2U);
+  }
+  EXPECT_EQ(ReadBytes(path), "old\n");
+  EXPECT_EQ(folder.Names(), Names{"a.txt"});
+}
+
+TEST(OutputFile, LeavesNoNewFileWithoutACommit) {
+  const TemporaryFolder folder;
+  {
+    OutputFile file;
+    ASSERT_TRUE(file.Open(folder.File("a.txt")));
+    file.Flush();
+  }
+  EXPECT_EQ(folder.Names(), Names{});
+}
+
+TEST(OutputFile, WritesATextThatIsLargerThanAFlush) {
+  const TemporaryFolder folder;
+  std::string wanted;
+  OutputFile file;
+  ASSERT_TRUE(file.Open(folder.File("a.txt")));
+  while (wanted.size() < kMoreThanAFlush) {
+    wanted += "line " + std::to_string(wanted.size()) + '\n';
+    file.Buffer() = file.Buffer() + wanted.substr(wanted.rfind("line"));
+    file.FlushIfLarge();
+    ASSERT_LT(file.Buffer().size(), 256U * 1024);
+  }
+  EXPECT_TRUE(file.Commit());
+  EXPECT_EQ(ReadBytes(folder.File("a.txt")), wanted);
+}
+
+TEST(OutputFile, KeepsASmallTextInItsBuffer) {
+  const TemporaryFolder folder;
+  OutputFile file;
+  ASSERT_TRUE(file.Open(folder.File("a.txt")));
+  file.Buffer() += "one";
+  file.FlushIfLarge();
+  EXPECT_EQ(file.Buffer(), "one");
+  file.Flush();
+  EXPECT_EQ(file.Buffer(), "");
+}
+
+TEST(OutputFile, KeepsTheModeOfTheOldFile) {
+  const TemporaryFolder folder;
+  const std::string path = folder.Write("a.txt", "old\n");
+  for (const mode_t mode : {0600, 0640, 0664, 0755}) {
+    chmod(path.c_str(), mode);
+    EXPECT_TRUE(WriteWhole(path, "new\n"));
+    EXPECT_EQ(ModeOf(path), mode);
+  }
+}
+
+TEST(OutputFile, GivesANewFileTheModeOfTheUser) {
+  const TemporaryFolder folder;
+  const mode_t before = umask(027);
+  EXPECT_TRUE(WriteWhole(folder.File("a.txt"), "new\n"));
+  umask(before);
+  EXPECT_EQ(ModeOf(folder.File("a.txt")), 0640U);
+}
+
+TEST(OutputFile, ReplacesTheFileThatALinkNamesAndKeepsTheLink) {
+  const TemporaryFolder folder;
+  std::filesystem::create_directory(folder.File("jobs"));
+  const std::string target = folder.Write("jobs/a.txt", "old\n");
+  std::filesystem::create_symlink("jobs/a.txt", folder.File("link.txt"));
+  EXPECT_TRUE(WriteWhole(folder.File("link.txt"), "new\n"));
+  EXPECT_TRUE(std::filesystem::is_symlink(folder.File("link.txt")));
+  EXPECT_EQ(ReadBytes(target), "new\n");
+  EXPECT_FALSE(std::filesystem::is_symlink(target));
+}
+
+TEST(OutputFile, CreatesTheFileThatALinkNames) {
+  const TemporaryFolder folder;
+  std::filesystem::create_directory(folder.File("jobs"));
+  std::filesystem::create_symlink("jobs/a.txt", folder.File("link.txt"));
+  EXPECT_TRUE(WriteWhole(folder.File("link.txt"), "new\n"));
+  EXPECT_TRUE(std::filesystem::is_symlink(folder.File("link.txt")));
+  EXPECT_EQ(ReadBytes(folder.File("jobs/a.txt")), "new\n");
+}
+
+TEST(OutputFile, ReportsADeviceThatIsFull) {
+  const TroubleLog log;
+  EXPECT_FALSE(WriteWhole("/dev/full", "one\n"));
+  EXPECT_TRUE(log.HasOnly(FileTrouble::Action::kWrite, "/dev/full", ENOSPC));
+  EXPECT_TRUE(std::filesystem::is_character_file("/dev/full"));
+}
+
+TEST(OutputFile, ReportsAFullDeviceOnceOnly) {
+  const TroubleLog log;
+  OutputFile file;
+  ASSERT_TRUE(file.Open("/dev/full"));
+  for (int i = 0; i < 3; ++i) {
+    file.Buffer() += "one\n";
+    file.Flush();
+  }
+  EXPECT_FALSE(file.Commit());
+  EXPECT_EQ(log.Troubles().size(), 1U);
+}
+
+TEST(OutputFile, LeavesTheOldFileWhenTheDiskIsFull) {
+  const TemporaryFolder folder;
+  const std::string path = folder.Write("a.txt", "old\n");
+  const TroubleLog log;
+  bool complete = true;
+  {
+    const FileSizeLimit limit(100'000);
+    complete = WriteWhole(path, std::string(kMoreThanAFlush, 'x'));
+  }
+  EXPECT_FALSE(complete);
+  EXPECT_TRUE(log.HasOnly(FileTrouble::Action::kWrite, path, EFBIG));
+  EXPECT_EQ(ReadBytes(path), "old\n");
+  EXPECT_EQ(folder.Names(), Names{"a.txt"});
+}
+
+TEST(OutputFile, WritesToADevice) {
+  const TroubleLog log;
+  EXPECT_TRUE(WriteWhole("/dev/null", "one\n"));
+  EXPECT_TRUE(std::filesystem::is_character_file("/dev/null"));
+  EXPECT_TRUE(log.Troubles().empty());
+}
+
+TEST(OutputFile, WritesToAPipe) {
+  int ends[2];
+  ASSERT_EQ(pipe(ends), 0);
+  EXPECT_TRUE(WriteWhole("/dev/fd/" + std::to_string(ends[1]), "one\n"));
+  std::array<char, 16> got{};
+  EXPECT_EQ(read(ends[0], got.data(), got.size()), 4);
+  EXPECT_STREQ(got.data(), "one\n");
+  close(ends[0]);
+  close(ends[1]);
+}
+
+TEST(OutputFile, ReportsAFolderThatIsMissing) {
+  const TemporaryFolder folder;
+  const TroubleLog log;
+  EXPECT_FALSE(WriteWhole(folder.File("missing/a.txt"), "one\n"));
+  EXPECT_TRUE(log.HasOnly(FileTrouble::Action::kCreate, folder.File("missing/a.txt"), ENOENT));
+  EXPECT_EQ(folder.Names(), Names{});
+}
+
+TEST(OutputFile, ReportsAFolderInItsPlace) {
+  const TemporaryFolder folder;
+  std::filesystem::create_directory(folder.File("a.txt"));
+  const TroubleLog log;
+  EXPECT_FALSE(WriteWhole(folder.File("a.txt"), "one\n"));
+  EXPECT_TRUE(log.HasOnly(FileTrouble::Action::kCreate, folder.File("a.txt"), EISDIR));
+  EXPECT_TRUE(std::filesystem::is_directory(folder.File("a.txt")));
+}
+
+TEST(OutputFile, ReportsAFolderThatTookItsPlaceMeanwhile) {
+  const TemporaryFolder folder;
+  const TroubleLog log;
+  OutputFile file;
+  ASSERT_TRUE(file.Open(folder.File("a.txt")));
+  std::filesystem::create_directory(folder.File("a.txt"));
+  EXPECT_FALSE(file.Commit());
+  EXPECT_EQ(log.Troubles().size(), 1U);
+  EXPECT_EQ(folder.Names(), Names{"a.txt"});
+}
+
+TEST(OutputFile, RefusesAFileThatTheUserMayNotWrite) {
+  const TemporaryFolder folder;
+  const std::string path = folder.Write("a.txt", "old\n");
+  chmod(folder.Path().c_str(), 0777);
+  chmod(path.c_str(), 0444);
+  const TroubleLog log;
+  const OrdinaryUser user;
+  EXPECT_FALSE(WriteWhole(path, "new\n"));
+  EXPECT_TRUE(log.HasOnly(FileTrouble::Action::kCreate, path, EACCES));
+  EXPECT_EQ(ReadBytes(path), "old\n");
+  EXPECT_EQ(folder.Names(), Names{"a.txt"});
+}
+
+TEST(OutputFile, WritesAReadOnlyFileForRootAndKeepsItReadOnly) {
+  if (geteuid() != 0) GTEST_SKIP() << "only root may write such a file";
+  const TemporaryFolder folder;
+  const std::string path = folder.Write("a.txt", "old\n");
+  chmod(path.c_str(), 0444);
+  EXPECT_TRUE(WriteWhole(path, "new\n"));
+  EXPECT_EQ(ReadBytes(path), "new\n");
+  EXPECT_EQ(ModeOf(path), 0444U);
+}
+
+TEST(OutputFile, WritesTheFileItselfInAFolderThatTakesNoNewOnes) {
+  const TemporaryFolder folder;
+  const std::string path = folder.Write("a.txt", "a long old text\n");
+  chmod(path.c_str(), 0666);
+  chmod(folder.Path().c_str(), 0555);
+  bool complete = false;
+  {
+    const OrdinaryUser user;
+    complete = WriteWhole(path, "new\n");
+  }
+  EXPECT_EQ(ReadBytes(path), "new\n");
+  chmod(folder.Path().c_str(), 0755);
+  EXPECT_TRUE(complete);
+}
+
+TEST(OutputFile, ReportsANewFileInAFolderThatTakesNone) {
+  const TemporaryFolder folder;
+  chmod(folder.Path().c_str(), 0555);
+  const TroubleLog log;
+  bool complete = true;
+  {
+    const OrdinaryUser user;
+    complete = WriteWhole(folder.File("a.txt"), "new\n");
+  }
+  chmod(folder.Path().c_str(), 0755);
+  EXPECT_FALSE(complete);
+  EXPECT_TRUE(log.HasOnly(FileTrouble::Action::kCreate, folder.File("a.txt"), EACCES));
+}
+
+TEST(OutputFile, WritesAFileWithTheLongestName) {
+  const TemporaryFolder folder;
+  const std::string name(255, 'n');
+  EXPECT_TRUE(WriteWhole(folder.File(name), "one\n"));
+  EXPECT_EQ(folder.Names(), Names{name});
+}
+
+TEST(OutputFile, WritesTheSameTargetTwiceAtOnce) {
+  const TemporaryFolder folder;
+  OutputFile first;
+  OutputFile second;
+  ASSERT_TRUE(first.Open(folder.File("a.txt")));
+  ASSERT_TRUE(second.Open(folder.File("a.txt")));
+  first.Buffer() += "first\n";
+  second.Buffer() += "second\n";
+  EXPECT_TRUE(second.Commit());
+  EXPECT_TRUE(first.Commit());
+  EXPECT_EQ(ReadBytes(folder.File("a.txt")), "first\n");
+  EXPECT_EQ(folder.Names(), Names{"a.txt"});
+}
+
+TEST(OutputFile, GivesUpAnUnfinishedFileWhenItIsOpenedAnew) {
+  const TemporaryFolder folder;
+  OutputFile file;
+  ASSERT_TRUE(file.Open(folder.File("a.txt")));
+  file.Buffer() += "one\n";
+  ASSERT_TRUE(file.Open(folder.File("b.txt")));
+  file.Buffer() += "two\n";
+  EXPECT_TRUE(file.Commit());
+  EXPECT_EQ(folder.Names(), Names{"b.txt"});
+  EXPECT_EQ(ReadBytes(folder.File("b.txt")), "two\n");
+}
+
+TEST(OutputFile, IsUsableAgainAfterAFailure) {
+  const TemporaryFolder folder;
+  const TroubleLog log;
+  OutputFile file;
+  EXPECT_FALSE(file.Open(folder.File("missing/a.txt")));
+  ASSERT_TRUE(file.Open(folder.File("a.txt")));
+  file.Buffer() += "one\n";
+  EXPECT_TRUE(file.Commit());
+  EXPECT_EQ(ReadBytes(folder.File("a.txt")), "one\n");
+}
+
+TEST(OutputFile, IsOpenBetweenOpenAndCommit) {
+  const TemporaryFolder folder;
+  OutputFile file;
+  EXPECT_FALSE(file.IsOpen());
+  EXPECT_TRUE(file.Open(folder.File("a.txt")));
+  EXPECT_TRUE(file.IsOpen());
+  EXPECT_TRUE(file.Commit());
+  EXPECT_FALSE(file.IsOpen());
+}
+
+TEST(OutputFile, CommitsNothingThatIsNotOpen) {
+  const TemporaryFolder folder;
+  OutputFile file;
+  EXPECT_FALSE(file.Commit());
+  ASSERT_TRUE(file.Open(folder.File("a.txt")));
+  EXPECT_TRUE(file.Commit());
+  EXPECT_FALSE(file.Commit());
+  EXPECT_EQ(folder.Names(), Names{"a.txt"});
+}
+
+TEST(OutputFile, ClosesItsFile) {
+  const TemporaryFolder folder;
+  const int before = dup(0);
+  close(before);
+  for (int i = 0; i < 10; ++i) EXPECT_TRUE(WriteWhole(folder.File("a.txt"), "one\n"));
+  const int after = dup(0);
+  close(after);
+  EXPECT_EQ(before, after);
+}
+
+}  // namespace
