@@ -24,7 +24,8 @@ struct AngleText : testing::Test {
     Random random;
     for (int i = 0; i < 50'000; ++i) {
       const double gon = random.Real(-400, 400);
-      const double back = CMeasureSystem::GetTsAngleValueCent(CMeasureSystem::GetTsAngleString(gon));
+      const double back =
+          CMeasureSystem::GetTsAngleValueCent(CMeasureSystem::GetTsAngleString(gon));
       ASSERT_NEAR(back, gon, toleranceGon);
       ASSERT_EQ(Text(back), Text(gon));
     }
@@ -74,7 +75,8 @@ TEST_F(AngleText, IsGonWhenTheSettingIsOutOfItsRange) {
 }
 
 TEST_F(AngleText, IsEmptyForAnUndefinedAngleInEveryUnit) {
-  for (const AngleUnit unit : {AngleUnit::kGon, AngleUnit::kDecimalDegrees, AngleUnit::kSexagesimal}) {
+  for (const AngleUnit unit :
+       {AngleUnit::kGon, AngleUnit::kDecimalDegrees, AngleUnit::kSexagesimal}) {
     Choose(unit);
     EXPECT_EQ(Text(UndefinedValue), "");
     EXPECT_EQ(Text(std::numeric_limits<double>::quiet_NaN()), "");
@@ -83,7 +85,8 @@ TEST_F(AngleText, IsEmptyForAnUndefinedAngleInEveryUnit) {
 }
 
 TEST_F(AngleText, ReadsAnEmptyTextAsUndefinedInEveryUnit) {
-  for (const AngleUnit unit : {AngleUnit::kGon, AngleUnit::kDecimalDegrees, AngleUnit::kSexagesimal}) {
+  for (const AngleUnit unit :
+       {AngleUnit::kGon, AngleUnit::kDecimalDegrees, AngleUnit::kSexagesimal}) {
     Choose(unit);
     EXPECT_EQ(Value(""), UndefinedValue);
   }

@@ -85,7 +85,9 @@ TEST(CodePage, NarrowsAControlThatAnAssignedByteTookThePlaceOf) {
 }
 
 TEST(CodePage, NarrowsEachByteThatIsNoUtf8ToAQuestionMark) {
-  EXPECT_EQ(Narrowed("a\xFF" "b"), "a?b");
+  EXPECT_EQ(Narrowed("a\xFF"
+                     "b"),
+            "a?b");
   EXPECT_EQ(Narrowed("\x80\xBF"), "??");
   EXPECT_EQ(Narrowed("caf\xE9 nero"), "caf? nero");
 }
@@ -142,19 +144,30 @@ TEST(CodePage, WritesTheReplacementForWhatIsNoCharacter) {
 }
 
 TEST(CodePage, TakesEachByteOfAMalformedSequenceAlone) {
-  const std::vector<std::string> malformed = {
-      "\x80",         "\xC0\x80", "\xC1\xBF",         "\xE0\x80\x80", "\xE0\x9F\xBF",     // overlong
-      "\xF0\x80\x80\x80", "\xF0\x8F\xBF\xBF",                                             // overlong
-      "\xED\xA0\x80", "\xED\xBF\xBF",                                                     // surrogates
-      "\xF4\x90\x80\x80", "\xF5\x80\x80\x80", "\xFF",                                     // too large
-      "\xC3",         "\xE2\x82", "\xF0\x9F\x98"};                                        // cut
+  const std::vector<std::string> malformed = {"\x80",
+                                              "\xC0\x80",
+                                              "\xC1\xBF",
+                                              "\xE0\x80\x80",
+                                              "\xE0\x9F\xBF",  // overlong
+                                              "\xF0\x80\x80\x80",
+                                              "\xF0\x8F\xBF\xBF",  // overlong
+                                              "\xED\xA0\x80",
+                                              "\xED\xBF\xBF",  // surrogates
+                                              "\xF4\x90\x80\x80",
+                                              "\xF5\x80\x80\x80",
+                                              "\xFF",  // too large
+                                              "\xC3",
+                                              "\xE2\x82",
+                                              "\xF0\x9F\x98"};  // cut
   for (const std::string& text : malformed) {
     EXPECT_EQ(Taken(text), std::u32string(text.size(), 0xFFFD)) << testing::PrintToString(text);
   }
 }
 
 TEST(CodePage, GoesOnBehindAMalformedSequence) {
-  EXPECT_EQ(Taken("\xE2\x82" "A"), U"\uFFFD\uFFFDA");
+  EXPECT_EQ(Taken("\xE2\x82"
+                  "A"),
+            U"\uFFFD\uFFFDA");
   EXPECT_EQ(Taken("\xF0\x9F\xC3\xA8"), U"\uFFFD\uFFFDè");
   EXPECT_EQ(Taken("\xC3\xC3\xA8"), U"\uFFFDè");
 }

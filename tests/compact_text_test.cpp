@@ -13,7 +13,8 @@ const std::vector<std::size_t> kLengths = {0,   1,   2,   14,  15,  16,  17,  31
 
 std::string Sample(std::size_t length, int start) {
   std::string text;
-  for (std::size_t i = 0; i < length; ++i) text += static_cast<char>(start + static_cast<int>(i % 200));
+  for (std::size_t i = 0; i < length; ++i)
+    text += static_cast<char>(start + static_cast<int>(i % 200));
   return text;
 }
 

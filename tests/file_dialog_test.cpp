@@ -11,9 +11,7 @@ namespace {
 using tdk::WString;
 
 struct FileDialog : testing::Test {
-  FileDialog() {
-    dialog.SetVars("/jobs/wall\\", "JB2 file import", "jb2;txt", true, "");
-  }
+  FileDialog() { dialog.SetVars("/jobs/wall\\", "JB2 file import", "jb2;txt", true, ""); }
 
   int ChooseAndPress(const char* path, const char* button) {
     views.onDialog = [=](Dialog& shown) {

@@ -12,7 +12,8 @@ namespace {
 
 using tdk::WString;
 
-// Geodesy of a round earth: enough to tell what is asked of it, with what, and what is made of the answer.
+// Geodesy of a round earth: enough to tell what is asked of it, with what, and what is made of the
+// answer.
 class RoundEarth : public IGeodesy, public ICoordTransform {
  public:
   static constexpr double kRadius = 6'000'000;
@@ -25,7 +26,8 @@ class RoundEarth : public IGeodesy, public ICoordTransform {
   bool ToGeographic(const Geocentric& from, Geographic& to) override {
     const double across = std::hypot(from.x, from.y);
     if (fails) return false;
-    to = {std::atan2(from.z, across), std::atan2(from.y, from.x), std::hypot(across, from.z) - kRadius};
+    to = {std::atan2(from.z, across), std::atan2(from.y, from.x),
+          std::hypot(across, from.z) - kRadius};
     return true;
   }
   bool ToGeocentric(const Geographic& from, Geocentric& to) override {

@@ -17,9 +17,10 @@ using tdk::WString;
 
 std::vector<std::string> AllOf(const JobSettings& settings) {
   std::vector<std::string> all;
-  settings.ForEach([&all](const std::string& section, const std::string& key, const std::string& value) {
-    all.push_back(section + "." + key + "=" + value);
-  });
+  settings.ForEach(
+      [&all](const std::string& section, const std::string& key, const std::string& value) {
+        all.push_back(section + "." + key + "=" + value);
+      });
   return all;
 }
 
@@ -138,8 +139,9 @@ TEST_F(IniFile, LoadsWhatItSaved) {
 
 TEST_F(IniFile, LoadsTextsOfOneLineThatItSaved) {
   const TemporaryFolder folder;
-  const std::vector<std::string> texts = {";",      "#",   "=",    "a=b",    "[x]", "[", "\"", "\"a\"",
-                                          "two words", "a;b", "a\\", "<<<END", "'",   ",", "\xE8"};
+  const std::vector<std::string> texts = {";",   "#",      "=",     "a=b",       "[x]",
+                                          "[",   "\"",     "\"a\"", "two words", "a;b",
+                                          "a\\", "<<<END", "'",     ",",         "\xE8"};
   for (const std::string& text : texts) {
     settings.Set("PERSIST", "text", text);
     settings.Set("PERSIST", "next", "1");
@@ -153,7 +155,8 @@ TEST_F(IniFile, LoadsTextsOfOneLineThatItSaved) {
 
 TEST_F(IniFile, KeepsOrderAndCommentsOfALoadedFile) {
   const TemporaryFolder folder;
-  const std::string path = folder.Write("settings.ini", "; of the office\n[Z]\nb=1\n; why\na=2\n\n[A]\nc=3\n");
+  const std::string path =
+      folder.Write("settings.ini", "; of the office\n[Z]\nb=1\n; why\na=2\n\n[A]\nc=3\n");
   ASSERT_TRUE(settings.Load(path));
   EXPECT_EQ(AllOf(settings), (std::vector<std::string>{"Z.b=1", "Z.a=2", "A.c=3"}));
   settings.Set("Z", "a", "9");

@@ -16,7 +16,9 @@ struct JobsFolder : testing::Test {
   }
 };
 
-TEST_F(JobsFolder, IsWrittenWithAndWithoutATrailingBackslash) { ExpectFolder("/jobs/wall", "/jobs/wall"); }
+TEST_F(JobsFolder, IsWrittenWithAndWithoutATrailingBackslash) {
+  ExpectFolder("/jobs/wall", "/jobs/wall");
+}
 
 TEST_F(JobsFolder, MayBeGivenWithAFinalSeparator) {
   ExpectFolder("/jobs/wall/", "/jobs/wall");

@@ -1,4 +1,5 @@
-// Numbers as text and back. The quick ways of the code are compared with the C library, in the C locale.
+// Numbers as text and back. The quick ways of the code are compared with the C library, in the C
+// locale.
 #include "platform/numbers.h"
 
 #include <gtest/gtest.h>
@@ -58,7 +59,7 @@ void ExpectFixedAsLibrary(double value, int decimals) {
   EXPECT_EQ(Fixed(value, decimals), LibraryText(value, decimals)) << decimals << " decimals";
 }
 
-// Compares a million numbers; stops at the first that differs.
+// Compares that many numbers, more than a million in all tests; stops at the first that differs.
 template <class Next>
 void CompareFixed(int count, Next next) {
   const CLocale locale;
@@ -97,18 +98,18 @@ std::string RandomNumberText(Random& random) {
   return text + kEnds[random.Whole<std::size_t>(0, 7)];
 }
 
-TEST(Numbers, WritesAMillionFieldValuesAsTheCLibraryDoes) {
-  CompareFixed(1'000'000, [](Random& random) { return random.Real(-6'000'000, 6'000'000); });
+TEST(Numbers, WritesFieldValuesAsTheCLibraryDoes) {
+  CompareFixed(400'000, [](Random& random) { return random.Real(-6'000'000, 6'000'000); });
 }
 
 TEST(Numbers, WritesValuesOfAllUsualMagnitudesAsTheCLibraryDoes) {
-  CompareFixed(1'000'000, [](Random& random) {
+  CompareFixed(400'000, [](Random& random) {
     return RandomSign(random, std::ldexp(random.Real(1, 2), random.Whole(-70, 80)));
   });
 }
 
 TEST(Numbers, WritesAnyBitPatternAsTheCLibraryDoes) {
-  CompareFixed(150'000, [](Random& random) { return std::bit_cast<double>(random.Bits()); });
+  CompareFixed(100'000, [](Random& random) { return std::bit_cast<double>(random.Bits()); });
 }
 
 TEST(Numbers, WritesTiesAndTheirNeighboursAsTheCLibraryDoes) {
@@ -121,7 +122,8 @@ TEST(Numbers, WritesTiesAndTheirNeighboursAsTheCLibraryDoes) {
 
 TEST(Numbers, WritesDecimalTiesAndTheirNeighboursAsTheCLibraryDoes) {
   CompareFixed(300'000, [](Random& random) {
-    const double tie = (random.Whole(0, 2'000'000'000) * 10.0 + 5) / std::pow(10, random.Whole(1, 13));
+    const double tie =
+        (random.Whole(0, 2'000'000'000) * 10.0 + 5) / std::pow(10, random.Whole(1, 13));
     return RandomSign(random, std::nextafter(tie, random.OneIn(3) ? tie : random.Real(-1e9, 1e9)));
   });
 }
@@ -141,7 +143,8 @@ TEST(Numbers, RoundsByTheValueHeldAndNotByItsUsualText) {
 }
 
 TEST(Numbers, WritesKnownTiesAndTheirNeighboursAsTheCLibraryDoes) {
-  for (const double tie : {0.5, 1.5, 2.5, 0.125, 0.0625, 1.0005, 2.675, 1e15 + 0.5, 4503599627370495.5}) {
+  for (const double tie :
+       {0.5, 1.5, 2.5, 0.125, 0.0625, 1.0005, 2.675, 1e15 + 0.5, 4503599627370495.5}) {
     for (int decimals = 0; decimals <= 12; ++decimals) {
       ExpectFixedAsLibrary(tie, decimals);
       ExpectFixedAsLibrary(-std::nextafter(tie, 0), decimals);
@@ -199,10 +202,10 @@ TEST(Numbers, WritesWholeNumbersOverTheirWholeRange) {
   EXPECT_EQ(WholeText(kMost), "9223372036854775807");
 }
 
-TEST(Numbers, ReadsAMillionTextsAsTheCLibraryDoes) {
+TEST(Numbers, ReadsNumbersInAllSpellingsAsTheCLibraryDoes) {
   const CLocale locale;
   Random random;
-  for (int i = 0; i < 1'000'000; ++i) {
+  for (int i = 0; i < 600'000; ++i) {
     const std::string text = RandomNumberText(random);
     ASSERT_EQ(Parsed(text), LibraryValue(text, locale.Get())) << '"' << text << '"';
   }
@@ -211,8 +214,9 @@ TEST(Numbers, ReadsAMillionTextsAsTheCLibraryDoes) {
 TEST(Numbers, ReadsJumbledTextsAsTheCLibraryDoes) {
   const CLocale locale;
   Random random;
-  for (int i = 0; i < 300'000; ++i) {
-    const std::string text = random.Text("0011234567899+-..,eE xin", random.Whole<std::size_t>(0, 14));
+  for (int i = 0; i < 400'000; ++i) {
+    const std::string text =
+        random.Text("0011234567899+-..,eE xin", random.Whole<std::size_t>(0, 14));
     ASSERT_EQ(Parsed(text), LibraryValue(text, locale.Get())) << '"' << text << '"';
   }
 }
@@ -225,7 +229,8 @@ TEST(Numbers, ReadsTextsHalfWayBetweenTwoDoublesAsTheCLibraryDoes) {
     const double value = static_cast<double>(whole) / 8;
     const double above = std::nextafter(value, kInfinity);
     std::array<char, 128> text;
-    std::snprintf(text.data(), text.size(), "%.30Lf", (static_cast<long double>(value) + above) / 2);
+    std::snprintf(text.data(), text.size(), "%.30Lf",
+                  (static_cast<long double>(value) + above) / 2);
     ASSERT_EQ(Parsed(text.data()), LibraryValue(text.data(), locale.Get())) << text.data();
   }
 }

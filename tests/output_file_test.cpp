@@ -126,8 +126,9 @@ TEST(OutputFile, WritesATextThatIsLargerThanAFlush) {
   OutputFile file;
   ASSERT_TRUE(file.Open(folder.File("a.txt")));
   while (wanted.size() < kMoreThanAFlush) {
-    wanted += "line " + std::to_string(wanted.size()) + '\n';
-    file.Buffer() = file.Buffer() + wanted.substr(wanted.rfind("line"));
+    const std::string line = "line " + std::to_string(wanted.size()) + '\n';
+    wanted += line;
+    file.Buffer() += line;
     file.FlushIfLarge();
     ASSERT_LT(file.Buffer().size(), 256U * 1024);
   }

@@ -110,7 +110,8 @@ TEST(Polar, ObservesWhatWasLocated) {
 TEST(Polar, KeepsDirectionsAndZenithAnglesWithinTheirRange) {
   Random random;
   for (int i = 0; i < 100'000; ++i) {
-    const Place target = {1000 + random.Real(-9, 9), 2000 + random.Real(-9, 9), 50 + random.Real(-9, 9)};
+    const Place target = {1000 + random.Real(-9, 9), 2000 + random.Real(-9, 9),
+                          50 + random.Real(-9, 9)};
     const Observation found = Observe(kInstrument, target, 0, random.Real(-1000, 1000));
     ASSERT_TRUE(found.horizontal >= 0 && found.horizontal <= 400) << found.horizontal;
     ASSERT_TRUE(found.zenith >= 0 && found.zenith <= 200) << found.zenith;

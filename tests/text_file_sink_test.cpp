@@ -17,7 +17,8 @@ using tdk::WString;
 
 // A name that nothing else in the executable's folder has.
 std::string NameBesideTheExecutable() {
-  return "kalvio-sink-test-" + std::to_string(testing::UnitTest::GetInstance()->random_seed()) + ".txt";
+  return "kalvio-sink-test-" + std::to_string(testing::UnitTest::GetInstance()->random_seed()) +
+         ".txt";
 }
 
 struct TextFileSinkTest : testing::Test {

@@ -150,7 +150,7 @@ TEST(TextReader, ReadsALineOfManyBlocksInPieces) {
 TEST(TextReader, CutsRandomFilesAsTheSimplestReaderDoes) {
   Random random;
   const TemporaryFolder folder;
-  for (int round = 0; round < 400; ++round) {
+  for (int round = 0; round < 200; ++round) {
     const std::string bytes = random.Text("aaab\r\r\n\0", random.Whole<std::size_t>(0, 2000));
     TextReader reader;
     ASSERT_TRUE(reader.Open(folder.Write("a.txt", bytes)));
@@ -163,7 +163,8 @@ TEST(TextReader, CutsRandomLongFilesUnderChangingLimitsAsTheSimplestReaderDoes) 
   Random random;
   const TemporaryFolder folder;
   for (int round = 0; round < 8; ++round) {
-    const std::string bytes = random.Text("aaaaaaaaaaaaaaaa\r\r\n", kBlock + random.Whole(0U, 200000U));
+    const std::string bytes =
+        random.Text("aaaaaaaaaaaaaaaa\r\r\n", kBlock + random.Whole(0U, 200000U));
     TextReader reader;
     ASSERT_TRUE(reader.Open(folder.Write("a.txt", bytes)));
     const std::string text = InTextMode(bytes);

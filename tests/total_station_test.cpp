@@ -132,7 +132,8 @@ TEST_F(TotalStation, LeavesTheIndexUntouchedForAForeignJob) {
 }
 
 TEST_F(TotalStation, HasNoObjectsWhereNoIndexReaches) {
-  for (const int beyond : {-1, 2, 1000, std::numeric_limits<int>::max(), std::numeric_limits<int>::min()}) {
+  for (const int beyond :
+       {-1, 2, 1000, std::numeric_limits<int>::max(), std::numeric_limits<int>::min()}) {
     EXPECT_EQ(library.GetJobAt(beyond), nullptr);
     EXPECT_EQ(library.GetStaAt(beyond, 0), nullptr);
     EXPECT_EQ(library.GetStaAt(0, beyond), nullptr);

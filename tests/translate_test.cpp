@@ -106,9 +106,7 @@ TEST(Fill, LeavesABraceThatIsNeverClosed) {
   EXPECT_EQ(Filled("{", {"x"}), "{");
 }
 
-TEST(Fill, LeavesBracesOfAnArgument) {
-  EXPECT_EQ(Filled("{1}{2}", {"{2}", "{1}"}), "{2}{1}");
-}
+TEST(Fill, LeavesBracesOfAnArgument) { EXPECT_EQ(Filled("{1}{2}", {"{2}", "{1}"}), "{2}{1}"); }
 
 TEST(Fill, LeavesATextWithoutPlaceholders) {
   EXPECT_EQ(Filled("", {"x"}), "");

@@ -13,8 +13,8 @@ using platform::WindowMessage;
 class Window {
  public:
   explicit Window(std::string_view name) : name_(name) {
-    platform::RegisterWindow(
-        name, [this](const WindowMessage& message) { messages.push_back(message); });
+    platform::RegisterWindow(name,
+                             [this](const WindowMessage& message) { messages.push_back(message); });
   }
   ~Window() { platform::UnregisterWindow(name_); }
   Window(const Window&) = delete;

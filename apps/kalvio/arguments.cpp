@@ -70,11 +70,19 @@ void RefuseExtras(std::vector<std::string> extras, std::string_view command) {
   if (!extras.empty()) RefuseWord(extras.front(), command);
 }
 
-// The command is the first word that is neither an option nor the value of --lang, the only option that may stand
-// before it. Its position; the number of words when there is none.
+// Options of the program itself may stand before the command.
+bool TakesNextWord(const std::string& word) {
+  const auto rows = OptionTable();
+  return std::any_of(rows.begin(), rows.end(), [&](const OptionRow& row) {
+    return row.BelongsTo("") && row.name == word && !row.IsFlag();
+  });
+}
+
+// The command is the first word that is neither an option nor the value of one. Its position; the number of words
+// when there is none.
 std::size_t CommandPosition(const std::vector<std::string>& words) {
   std::size_t i = 0;
-  while (i < words.size() && IsOption(words[i])) i += words[i] == kLanguage ? 2 : 1;
+  while (i < words.size() && IsOption(words[i])) i += TakesNextWord(words[i]) ? 2 : 1;
   return std::min(i, words.size());
 }
 

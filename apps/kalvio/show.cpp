@@ -14,7 +14,7 @@ namespace {
 // A folder and a .json document are jobs; anything else is a file to import.
 bool IsJob(const std::string& path) {
   std::error_code error;
-  return IsJsonJob(path) || (FindFormat(path) == nullptr && std::filesystem::is_directory(path, error));
+  return IsJsonJob(path) || std::filesystem::is_directory(path, error);
 }
 
 // A name that is not there is told as such before its extension is looked at.

@@ -34,29 +34,24 @@ std::string Pragma(const char* name, std::int64_t value) {
   return text;
 }
 
+// Fills the tables from the libraries.
 class FolderWriter {
  public:
-  FolderWriter(Database& database, HostDocument& document, const JobProgress& progress)
+  FolderWriter(const Database& database, HostDocument& document, const JobProgress& progress)
       : database_(database),
         document_(document),
         progress_(progress, progress ? CountPoints(document) : 0) {}
 
-  // One transaction: whoever is killed before its end leaves the previous job.
   void Write() {
-    database_.Run("PRAGMA cache_size = -20000");
-    database_.Run("BEGIN IMMEDIATE");
-    database_.Run(Pragma("application_id", kApplicationId));
-    database_.Run(Pragma("user_version", kSchemaVersion));
     ForEachTable([&](const auto& table) {
+      database_.Run(table.Drop());
       database_.Run(table.Create());
-      database_.Run(table.Clear());
     });
     WriteTotalStation();
     WriteGps();
     WriteKnownPoints();
     Inserter(database_, kTargetsTable).Add(TargetsOf(document_));
     Inserter(database_, kCurrentTable).Add(CurrentOf(document_));
-    database_.Run("COMMIT");
   }
 
  private:
@@ -76,7 +71,10 @@ class FolderWriter {
       }
     }
     Inserter controls(database_, kControlTable);
-    for (int i = 0; i < library.GetOriArSize(); ++i) controls.Add(RecordOf(*library.GetOriAt(i)));
+    for (int i = 0; i < library.GetOriArSize(); ++i) {
+      controls.Add(RecordOf(*library.GetOriAt(i)));
+      progress_.Step();
+    }
   }
 
   void WriteGps() {
@@ -105,7 +103,7 @@ class FolderWriter {
     }
   }
 
-  Database& database_;
+  const Database& database_;
   HostDocument& document_;
   PointProgress progress_;
 };
@@ -113,24 +111,44 @@ class FolderWriter {
 void MakeFolder(const std::string& folder) {
   std::error_code error;
   std::filesystem::create_directories(folder, error);
-  if (!std::filesystem::is_directory(folder)) {
-    throw JobError(folder + ": " + (error ? error.message() : "this is a file, not a folder"));
-  }
+  std::error_code unused;
+  if (std::filesystem::is_directory(folder, unused)) return;
+  throw JobError(folder + ": the job folder cannot be made" + (error ? ": " + error.message() : ""));
+}
+
+// One transaction: who fails or is killed before its end leaves the previous job.
+void SaveDatabase(const std::string& path, HostDocument& document, const JobProgress& progress) {
+  const Database database(path, Database::Mode::kCreate);
+  database.Run("PRAGMA cache_size = -20000");  // KiB: fewer pages are written twice
+  database.Run("PRAGMA secure_delete = OFF");  // the previous job need not be overwritten with zeros
+  database.Run("BEGIN IMMEDIATE");
+  static_cast<void>(HoldsJob(database));  // what is no job must not be lost
+  database.Run(Pragma("application_id", kApplicationId));
+  database.Run(Pragma("user_version", kSchemaVersion));
+  FolderWriter(database, document, progress).Write();
+  database.Run("COMMIT");
+}
+
+// Settings that nobody changed stay in their file as they are, which someone may be editing.
+bool MustSave(const JobSettings& settings, const std::string& path) {
+  std::error_code unused;
+  if (settings.IsChanged()) return true;
+  if (!std::filesystem::exists(path, unused)) return !settings.IsEmpty();
+  return !std::filesystem::equivalent(settings.Path(), path, unused);
 }
 
 void SaveSettings(const std::string& path, JobSettings& settings) {
-  const bool isThere = std::filesystem::exists(path);
-  if (!settings.IsChanged() && (isThere || settings.IsEmpty())) return;
+  if (!MustSave(settings, path)) return;
   const FileTroubleCatcher trouble;
-  if (!settings.Save(path)) throw JobError(path + ": the job was saved, its settings were not: " + trouble.Reason());
+  if (!settings.Save(std::filesystem::absolute(path).string())) {
+    throw JobError(path + ": " + trouble.Reason() + " (the job itself was saved, only its settings were not)");
+  }
 }
 
 }  // namespace
 
 void SaveFolderJob(const std::string& folder, HostDocument& document, const JobProgress& progress) {
   MakeFolder(folder);
-  Database database(folder + "/" + kJobDatabaseName, Database::Mode::kWrite);
-  if (database.WholeOf("PRAGMA user_version") > kSchemaVersion) database.Fail("a newer version wrote this job");
-  FolderWriter(database, document, progress).Write();
+  SaveDatabase(folder + "/" + kJobDatabaseName, document, progress);
   SaveSettings(folder + "/" + kJobSettingsName, document.Settings());
 }

@@ -7,16 +7,19 @@
 bool IsJsonJob(const std::string& path) { return platform::Extension(path) == "json"; }
 
 std::string JobFolderOf(const std::string& path) {
-  if (!IsJsonJob(path)) return path;
-  const std::size_t slash = path.rfind('/');
+  std::string folder = platform::NativePath(path);
+  if (!IsJsonJob(folder)) return folder;
+  const std::size_t slash = folder.rfind('/');
   if (slash == std::string::npos) return ".";
-  return slash == 0 ? "/" : path.substr(0, slash);
+  return folder.substr(0, slash == 0 ? 1 : slash);
 }
 
 void LoadJob(const std::string& path, HostDocument& document, const JobProgress& progress) {
-  IsJsonJob(path) ? LoadJsonJob(path, document, progress) : LoadFolderJob(path, document, progress);
+  const std::string native = platform::NativePath(path);
+  IsJsonJob(native) ? LoadJsonJob(native, document, progress) : LoadFolderJob(native, document, progress);
 }
 
 void SaveJob(const std::string& path, HostDocument& document, const JobProgress& progress) {
-  IsJsonJob(path) ? SaveJsonJob(path, document, progress) : SaveFolderJob(path, document, progress);
+  const std::string native = platform::NativePath(path);
+  IsJsonJob(native) ? SaveJsonJob(native, document, progress) : SaveFolderJob(native, document, progress);
 }

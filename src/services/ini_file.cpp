@@ -21,6 +21,7 @@ JobSettings::~JobSettings() = default;
 
 bool JobSettings::Load(const std::string& path) {
   file_->ini.Reset();
+  path_ = path;
   changed_ = false;
   std::error_code unused;
   const auto type = std::filesystem::status(path, unused).type();
@@ -32,8 +33,10 @@ bool JobSettings::Load(const std::string& path) {
 bool JobSettings::Save(const std::string& path) {
   platform::OutputFile output;
   if (!output.Open(path) || file_->ini.Save(output.Buffer()) < 0) return false;
-  changed_ = !output.Commit();
-  return !changed_;
+  if (!output.Commit()) return false;
+  path_ = path;
+  changed_ = false;
+  return true;
 }
 
 std::string JobSettings::Get(const std::string& section, const std::string& key,

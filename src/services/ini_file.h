@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <functional>
 #include <memory>
+#include <string>
 
 #include "tdk/wstring.h"
 
@@ -27,6 +28,8 @@ class JobSettings {
   /// Calls `visit` for every setting, in the file's order.
   void ForEach(const std::function<void(const std::string& section, const std::string& key,
                                         const std::string& value)>& visit) const;
+  /// The file of the last Load or Save; empty before.
+  const std::string& Path() const { return path_; }
   /// Whether anything was set since Load or Save.
   bool IsChanged() const { return changed_; }
   bool IsEmpty() const;
@@ -38,6 +41,7 @@ class JobSettings {
  private:
   struct File;
   std::unique_ptr<File> file_;
+  std::string path_;
   bool changed_ = false;
 };
 

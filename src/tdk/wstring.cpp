@@ -24,6 +24,7 @@ std::size_t WString::Length() const {
 }
 
 WString ConvertString(std::string_view text, int /*codePage*/) {
+  if (platform::IsAscii(text)) return WString(text);
   std::string utf8;
   platform::AppendUtf8FromCodePage(utf8, text);
   return WString(std::move(utf8));

@@ -1,4 +1,5 @@
-// The C locale for this thread, whatever locale the process has: for library calls that results are compared with.
+// The C locale for this thread, whatever locale the process has: for library calls that results are
+// compared with.
 #pragma once
 
 #include <clocale>
