@@ -1,14 +1,13 @@
 // kalvio-bench-formats: readers and writers against bare loops that do the same conversions, in one
 // process.
 #include <malloc.h>
-#include <unistd.h>
 
 #include <filesystem>
 #include <fstream>
 #include <iterator>
-#include <map>
 #include <memory>
 
+#include "folder.h"
 #include "formats/jb2/jb2_reader.h"
 #include "formats/jb2/jb2_writer.h"
 #include "formats/landxml/landxml_document.h"
@@ -21,42 +20,15 @@ namespace {
 
 namespace fs = std::filesystem;
 
-constexpr std::size_t kMany = 1'000'000;
+constexpr JobShape kShape = {.points = 1'000'000, .stations = 10'000};
 constexpr int kRounds = 9;
 constexpr double kNoSlowerThan = 2;   // times the bare loop
 constexpr double kStillLinear = 1.5;  // times the smallest job's time per point
 constexpr double kNanoseconds = 1e9;
 
-[[noreturn]] void Die(const std::string& why) {
-  std::fprintf(stderr, "kalvio-bench-formats: %s\n", why.c_str());
-  std::exit(2);
-}
-
-// A folder for the length of the program.
-class Folder {
- public:
-  Folder() {
-    std::string name = (fs::temp_directory_path() / "kalvio-bench-XXXXXX").string();
-    if (mkdtemp(name.data()) == nullptr) Die("no folder for temporary files");
-    path_ = name;
-  }
-  ~Folder() { fs::remove_all(path_); }
-  Folder(const Folder&) = delete;
-  Folder& operator=(const Folder&) = delete;
-  std::string File(const std::string& name) const { return (path_ / name).string(); }
-
- private:
-  fs::path path_;
-};
-
 std::string Content(const std::string& path) {
   std::ifstream file(path, std::ios::binary);
   return {std::istreambuf_iterator<char>(file), {}};
-}
-
-void MakeFile(const std::string& path, const JobShape& shape) {
-  PlainJb2 file(path);
-  JobMaker(shape, file).Run();
 }
 
 void Import(CLibCmp& library, const std::string& path) {
@@ -96,7 +68,7 @@ class FormatBench {
  public:
   /// True when every limit was kept.
   bool Run() {
-    MakeFile(input_, {kMany, kMany / 100, 1, 1});
+    MakeJb2File(input_, kShape);
     Import(library_, input_);
     for (PlainPoint& point : arrays_.points) {
       if (point.slopeDistance == 0) point.slopeDistance = UndefinedValue;
@@ -133,6 +105,7 @@ class FormatBench {
           file.Point(arrays_.points[k]);
         }
       }
+      file.Close();
     };
     CompareWriting("JB2 export, ", ours, write, bare, writePlainly);
   }
@@ -165,29 +138,29 @@ class FormatBench {
     fs::remove(bare);
   }
 
-  void Compare(const char* what, const bench::Run& subject, const bench::Run& bare) {
+  void Compare(const char* what, const Measurement& subject, const Measurement& bare) {
     const std::vector<Runs> runs = Interleaved(kRounds, {subject, bare});
     const double ratio = runs[0].Minimum() / runs[1].Minimum();
-    Print({what + Grouped(kMany) + " points", PerPoint(runs[0], kMany), PerPoint(runs[1], kMany),
-           Number(ratio, 2), Number(kNoSlowerThan, 0), ratio <= kNoSlowerThan});
+    Print({.what = what + JobSize(kShape.points, kShape.stations),
+           .figure = PerPoint(runs[0], kShape.points),
+           .bare = PerPoint(runs[1], kShape.points),
+           .ratio = Number(ratio, 2),
+           .limit = Number(kNoSlowerThan, 0),
+           .kept = ratio <= kNoSlowerThan});
   }
 
   void CompareSizes() {
-    CompareImports("JB2 import, ",
-                   {{10'000, 100}, {100'000, 1'000}, {1'000'000, 10'000}, {3'000'000, 30'000}});
+    CompareImports({{10'000, 100}, {100'000, 1'000}, {1'000'000, 10'000}, {3'000'000, 30'000}});
   }
 
-  void CompareStations() {
-    CompareImports("JB2 import, stations of 10 points, ",
-                   {{100'000, 10'000}, {1'000'000, 100'000}});
-  }
+  void CompareStations() { CompareImports({{100'000, 10'000}, {1'000'000, 100'000}}); }
 
   // Time per point of jobs of several sizes, each as a ratio to the first.
-  void CompareImports(const std::string& what, const std::vector<JobShape>& shapes) {
-    std::vector<bench::Run> all;
+  void CompareImports(const std::vector<JobShape>& shapes) {
+    std::vector<Measurement> all;
     for (const JobShape& shape : shapes) {
       const std::string path = folder_.File(std::to_string(shape.points) + ".jb2");
-      MakeFile(path, shape);
+      MakeJb2File(path, shape);
       all.push_back([path] { return TimeImport(path); });
     }
     const std::vector<Runs> runs = Interleaved(kRounds, all);
@@ -195,12 +168,8 @@ class FormatBench {
     for (std::size_t i = 0; i < shapes.size(); ++i) {
       const JobShape& shape = shapes[i];
       const double ratio = runs[i].Minimum() / static_cast<double>(shape.points) / least;
-      Row row{what + Grouped(shape.points) + " points at " + Grouped(shape.stations) + " stations",
-              PerPoint(runs[i], shape.points),
-              "",
-              "",
-              "",
-              {}};
+      Row row{.what = "JB2 import, " + JobSize(shape.points, shape.stations),
+              .figure = PerPoint(runs[i], shape.points)};
       if (i > 0) {
         row.ratio = Number(ratio, 2);
         row.limit = Number(kStillLinear, 1);
@@ -222,7 +191,7 @@ class FormatBench {
   Folder folder_;
   std::string input_ = folder_.File("input.jb2");
   CLibCmp library_;
-  PlainArrays arrays_{{kMany, kMany / 100, 1, 1}};
+  PlainArrays arrays_{kShape};
   bool allKept_ = true;
 };
 
@@ -234,6 +203,11 @@ int main() {
   // process does.
   mallopt(M_MMAP_THRESHOLD, 128 * 1024);
   mallopt(M_TRIM_THRESHOLD, 128 * 1024);
-  bench::PrintTableHead();
-  return bench::FormatBench().Run() ? 0 : 1;
+  try {
+    bench::PrintTableHead();
+    return bench::FormatBench().Run() ? 0 : 1;
+  } catch (const std::exception& error) {
+    std::fprintf(stderr, "kalvio-bench-formats: %s\n", error.what());
+    return 2;
+  }
 }

@@ -8,18 +8,21 @@ int main(int argc, char** argv) {
   CLI::App app("Writes a JB2 file with made-up jobs.");
   bench::JobShape shape;
   std::string path;
-  const auto positive = CLI::Range(std::uint64_t{1}, std::uint64_t{1} << 40);
   app.add_option("--points", shape.points, "Points in all")->capture_default_str();
   app.add_option("--stations", shape.stations, "Stations in all, which share the points evenly")
       ->capture_default_str()
-      ->check(positive);
+      ->check(CLI::PositiveNumber);
   app.add_option("--jobs", shape.jobs, "Jobs, which share the stations evenly")
       ->capture_default_str()
-      ->check(positive);
+      ->check(CLI::PositiveNumber);
   app.add_option("--seed", shape.seed, "The same seed gives the same file")->capture_default_str();
   app.add_option("OUTPUT", path, "The file to write")->required();
   CLI11_PARSE(app, argc, argv);
 
-  bench::PlainJb2 file(path);
-  bench::JobMaker(shape, file).Run();
+  try {
+    bench::MakeJb2File(path, shape);
+  } catch (const std::exception& error) {
+    std::fprintf(stderr, "kalvio-make-jb2: %s\n", error.what());
+    return 1;
+  }
 }

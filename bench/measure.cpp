@@ -6,7 +6,7 @@
 namespace bench {
 namespace {
 
-constexpr int kWhatWidth = 62;
+constexpr int kWhatWidth = 78;
 constexpr int kFigureWidth = 22;
 constexpr int kShortWidth = 8;
 
@@ -34,7 +34,7 @@ double Runs::Median() const {
   return *middle;
 }
 
-std::vector<Runs> Interleaved(int rounds, const std::vector<Run>& all) {
+std::vector<Runs> Interleaved(int rounds, const std::vector<Measurement>& all) {
   std::vector<Runs> results(all.size());
   for (int round = 0; round < rounds; ++round) {
     for (std::size_t i = 0; i < all.size(); ++i) results[i].Add(all[i]());
@@ -43,7 +43,7 @@ std::vector<Runs> Interleaved(int rounds, const std::vector<Run>& all) {
 }
 
 void PrintTableHead() {
-  PrintCells({"what", "figure", "bare", "ratio", "limit", {}}, "kept");
+  PrintCells({"what", "figure", "bare", "ratio", "limit"}, "kept");
   const auto line = [](int width) { return std::string(static_cast<std::size_t>(width - 1), '-'); };
   std::printf("| %s- | %s: | %s: | %s: | %s: | ---- |\n", line(kWhatWidth).c_str(),
               line(kFigureWidth).c_str(), line(kFigureWidth).c_str(), line(kShortWidth).c_str(),
@@ -61,6 +61,10 @@ std::string Number(double value, int decimals) {
 std::string Figure(const Runs& runs, double factor, int decimals, const char* unit) {
   return Number(runs.Minimum() * factor, decimals) + " (" +
          Number(runs.Median() * factor, decimals) + ") " + unit;
+}
+
+std::string JobSize(std::size_t points, std::size_t stations) {
+  return Grouped(points) + " points in " + Grouped(stations) + " stations";
 }
 
 std::string Grouped(std::size_t value) {

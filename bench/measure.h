@@ -31,20 +31,21 @@ class Runs {
   std::vector<double> values_;
 };
 
-/// One run of something; it prepares and clears up on its own and returns what it measured.
-using Run = std::function<double()>;
+/// Measures one run of something; it prepares and clears up on its own and returns what it
+/// measured.
+using Measurement = std::function<double()>;
 
 /// Runs all of them in turn, `rounds` times over, so that a busy machine is as hard on each.
-std::vector<Runs> Interleaved(int rounds, const std::vector<Run>& all);
+std::vector<Runs> Interleaved(int rounds, const std::vector<Measurement>& all);
 
 /// A row of the table. What there is nothing to say of stays empty.
 struct Row {
-  std::string what;
-  std::string figure;
-  std::string bare;
-  std::string ratio;
-  std::string limit;
-  std::optional<bool> kept;  ///< whether the limit was kept
+  std::string what = {};
+  std::string figure = {};
+  std::string bare = {};
+  std::string ratio = {};
+  std::string limit = {};
+  std::optional<bool> kept = {};  ///< whether the limit was kept
 };
 
 void PrintTableHead();
@@ -55,5 +56,7 @@ std::string Figure(const Runs& runs, double factor, int decimals, const char* un
 std::string Number(double value, int decimals);
 /// 1000000 as "1,000,000".
 std::string Grouped(std::size_t value);
+/// "1,000,000 points in 10,000 stations"
+std::string JobSize(std::size_t points, std::size_t stations);
 
 }  // namespace bench

@@ -3,12 +3,14 @@
 #pragma once
 
 #include <array>
+#include <cerrno>
 #include <charconv>
 #include <cstdio>
-#include <cstdlib>
 #include <cstring>
 #include <string>
 #include <string_view>
+#include <system_error>
+#include <utility>
 
 namespace bench {
 
@@ -19,8 +21,7 @@ class PlainFile {
     std::setvbuf(file_, nullptr, _IONBF, 0);
   }
   ~PlainFile() {
-    Flush();
-    if (std::fclose(file_) != 0) Die("close");
+    if (file_ != nullptr) std::fclose(file_);
   }
   PlainFile(const PlainFile&) = delete;
   PlainFile& operator=(const PlainFile&) = delete;
@@ -34,6 +35,12 @@ class PlainFile {
   }
   void Whole(std::size_t value) { at_ = std::to_chars(at_, buffer_.end(), value).ptr; }
 
+  /// To be called at the end; without it, what was written last is lost.
+  void Close() {
+    Flush();
+    if (std::fclose(std::exchange(file_, nullptr)) != 0) Die("close");
+  }
+
   /// To be called between records, none of which is longer than kLongestRecord.
   void EndRecord() {
     if (buffer_.end() - at_ < kLongestRecord) Flush();
@@ -43,8 +50,7 @@ class PlainFile {
   static constexpr std::ptrdiff_t kLongestRecord = 8 * 1024;
 
   [[noreturn]] static void Die(const char* what) {
-    std::perror(what);
-    std::exit(2);
+    throw std::system_error(errno, std::generic_category(), what);
   }
 
   void Flush() {

@@ -5,7 +5,7 @@
 #include <array>
 #include <charconv>
 #include <cstdio>
-#include <cstdlib>
+#include <stdexcept>
 #include <string>
 #include <string_view>
 
@@ -51,6 +51,8 @@ class PlainJb2 {
     EndLine();
   }
 
+  void Close() { file_.Close(); }
+
  private:
   void Field(std::string_view text) {
     file_.Text(text);
@@ -68,6 +70,12 @@ class PlainJb2 {
   PlainFile file_;
 };
 
+inline void MakeJb2File(const std::string& path, const JobShape& shape) {
+  PlainJb2 file(path);
+  JobMaker(shape, file).Run();
+  file.Close();
+}
+
 /// What a job adds up to, so that no loop can leave out work and two of them can be compared.
 struct Sums {
   std::uint64_t points = 0;
@@ -81,7 +89,7 @@ inline Sums ReadJb2Plainly(const std::string& path) {
   constexpr std::size_t kFields = 6;
   constexpr std::size_t kTexts = 2;
   std::FILE* const file = std::fopen(path.c_str(), "r");
-  if (file == nullptr) std::exit(2);
+  if (file == nullptr) throw std::runtime_error("no " + path);
   Sums sums;
   std::array<char, 255> line;
   while (std::fgets(line.data(), line.size(), file) != nullptr) {

@@ -29,6 +29,7 @@ class PlainLandXml {
       file_.Text("\t\t</InstrumentSetup>\n");
     }
     file_.Text("\t</Survey>\n</LandXML>\n");
+    file_.Close();
   }
 
  private:

@@ -1,4 +1,5 @@
-// What the exports do when something is missing or breaks off: no null pointer and no exception gets past them.
+// What the exports do when something is missing or breaks off: no null pointer and no exception
+// gets past them.
 #include <functional>
 #include <stdexcept>
 #include <string>

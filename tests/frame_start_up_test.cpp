@@ -29,8 +29,8 @@ Function* Original(const char* mangled) {
 
 }  // namespace
 
-// The functions of a program come before those of the libraries it loads: so the module reaches these, which hand
-// every call on unless a test wants the framework to refuse.
+// The functions of a program come before those of the libraries it loads: so the module reaches
+// these, which hand every call on unless a test wants the framework to refuse.
 bool AttachExtension(const void* instance) {
   if (refuseExtensions) return false;
   ++extensionsAttached;

@@ -45,7 +45,8 @@ INSTANTIATE_TEST_SUITE_P(LetterInAnotherPlace, Jb2NoRecord,
                          testing::Values(NamedText{"AfterABlank", " L|\x1dj\x1d\n"},
                                          NamedText{"AfterATab", "\tS|\x1ds\x1d\n"},
                                          NamedText{"AfterAnAccent", "\xc8P|\x1dp\x1d\n"},
-                                         NamedText{"AfterAByteOrderMark", "\xef\xbb\xbfL|\x1dj\x1d\n"}),
+                                         NamedText{"AfterAByteOrderMark",
+                                                   "\xef\xbb\xbfL|\x1dj\x1d\n"}),
                          NameOf<NamedText>);
 
 // ---- The prefix ----
@@ -139,7 +140,8 @@ TEST_F(Jb2Lines, MayHaveMoreFieldsThanTheirRecord) {
 // ---- Line ends ----
 
 TEST_F(Jb2Lines, MayEndWithCarriageReturnAndLineFeed) {
-  Read("L|\x1dJ\x1do\x1di\x1d \x1d"s + "d\x1d\r\n" + "S|\x1dS\x1d\r\n" + "P\r\n" + "P|\x1dQ\x1d\r\n");
+  Read("L|\x1dJ\x1do\x1di\x1d \x1d"s + "d\x1d\r\n" + "S|\x1dS\x1d\r\n" + "P\r\n" +
+       "P|\x1dQ\x1d\r\n");
   EXPECT_EQ(Outline(), "J(S[ Q])");
   EXPECT_EQ(Job(0).GetData(), "d");
 }
@@ -214,8 +216,8 @@ TEST_F(Jb2Lines, OfSeveralPiecesGiveARecordForEachThatBeginsWithALetter) {
 }
 
 TEST_F(Jb2Lines, InACommentAreCountedInPiecesToo) {
-  Read('#' + std::string(253, '-') + "P|\x1d" + "IN\x1d\n" + '#' + std::string(254, '-') + "P|\x1d" +
-       "OUT\x1d\n");
+  Read('#' + std::string(253, '-') + "P|\x1d" + "IN\x1d\n" + '#' + std::string(254, '-') +
+       "P|\x1d" + "OUT\x1d\n");
   EXPECT_EQ(Outline(), "([IN])");
 }
 
@@ -275,17 +277,16 @@ TEST_P(Jb2Number, IsTheLongestBeginningThatIsOne) {
 
 INSTANTIATE_TEST_SUITE_P(
     Written, Jb2Number,
-    testing::Values(NumberText{"WithAPoint", "1.582", 1.582}, NumberText{"WithAComma", "1,582", 1.582},
-                    NumberText{"WithAPlusSign", "+2.5", 2.5},
-                    NumberText{"WithAMinusSign", "-0.25", -0.25},
-                    NumberText{"WithoutADigitBeforeThePoint", ".5", 0.5},
-                    NumberText{"WithoutADigitAfterThePoint", "5.", 5},
-                    NumberText{"WithAnExponent", "1e2", 100}, NumberText{"WithAUnit", "15m", 15},
-                    NumberText{"WithTwoPoints", "1.5.7", 1.5}, NumberText{"WithABlank", "1 000", 1},
-                    NumberText{"Empty", "", 0}, NumberText{"AsAWord", "abc", 0},
-                    NumberText{"AsNan", "nan", 0}, NumberText{"AsInf", "inf", 0},
-                    NumberText{"InHexadecimal", "0x10", 0},
-                    NumberText{"BeyondTheRange", "1e999", kNoDistance}),
+    testing::Values(
+        NumberText{"WithAPoint", "1.582", 1.582}, NumberText{"WithAComma", "1,582", 1.582},
+        NumberText{"WithAPlusSign", "+2.5", 2.5}, NumberText{"WithAMinusSign", "-0.25", -0.25},
+        NumberText{"WithoutADigitBeforeThePoint", ".5", 0.5},
+        NumberText{"WithoutADigitAfterThePoint", "5.", 5}, NumberText{"WithAnExponent", "1e2", 100},
+        NumberText{"WithAUnit", "15m", 15}, NumberText{"WithTwoPoints", "1.5.7", 1.5},
+        NumberText{"WithABlank", "1 000", 1}, NumberText{"Empty", "", 0},
+        NumberText{"AsAWord", "abc", 0}, NumberText{"AsNan", "nan", 0},
+        NumberText{"AsInf", "inf", 0}, NumberText{"InHexadecimal", "0x10", 0},
+        NumberText{"BeyondTheRange", "1e999", kNoDistance}),
     NameOf<NumberText>);
 
 }  // namespace

@@ -1,4 +1,5 @@
-// What the JB2 reader tells the host while it reads: lines left out, records refused, how far it has come.
+// What the JB2 reader tells the host while it reads: lines left out, records refused, how far it
+// has come.
 #include <algorithm>
 #include <string>
 #include <vector>
@@ -18,7 +19,8 @@ class Jb2Notes : public Jb2Test {
     CWnd parent(&views);
     EXPECT_TRUE(jb2::Jb2Reader(&parent, &library, tdk::WString(folder.Path("in.jb2"))).Run());
   }
-  /// The whole numbers that stand in the text of the one note; empty when there is none or more than one.
+  /// The whole numbers that stand in the text of the one note; empty when there is none or more
+  /// than one.
   std::vector<int> NumbersSaid() const {
     std::vector<int> numbers;
     if (views.notes.size() != 1) return numbers;

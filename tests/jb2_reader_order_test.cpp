@@ -9,7 +9,8 @@ namespace {
 
 class Jb2Order : public Jb2Test {
  protected:
-  /// Two jobs before the file is read: A with the station S and its point P, and B with the station T.
+  /// Two jobs before the file is read: A with the station S and its point P, and B with the station
+  /// T.
   void HaveTwoJobs() {
     library.AddJob(true)->SetNome("A");
     library.AddSta(0, true)->SetNome("S");
@@ -20,8 +21,9 @@ class Jb2Order : public Jb2Test {
 };
 
 TEST_F(Jb2Order, PutsStationsIntoTheLastJobRecordAndPointsIntoTheLastStationRecord) {
-  Read(JobNamed("J1") + StationNamed("S1") + PointNamed("1") + PointNamed("2") + StationNamed("S2") +
-       PointNamed("3") + JobNamed("J2") + StationNamed("S3") + PointNamed("4"));
+  Read(JobNamed("J1") + StationNamed("S1") + PointNamed("1") + PointNamed("2") +
+       StationNamed("S2") + PointNamed("3") + JobNamed("J2") + StationNamed("S3") +
+       PointNamed("4"));
   EXPECT_EQ(Outline(), "J1(S1[1 2]S2[3])J2(S3[4])");
 }
 

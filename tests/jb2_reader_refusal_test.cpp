@@ -1,4 +1,5 @@
-// What the JB2 reader does when it cannot open the file, when the library refuses an add, and whom it tells.
+// What the JB2 reader does when it cannot open the file, when the library refuses an add, and whom
+// it tells.
 #include <filesystem>
 #include <stdexcept>
 #include <string>
@@ -238,8 +239,8 @@ TEST_F(Jb2Refusal, OfTheStationForAPointDropsThePointAndKeepsTheJob) {
 
 TEST_F(Jb2Refusal, OfEveryStationLeavesTheJobsEmpty) {
   ScriptedPolicy policy(RefuseEvery(AddedKind::kStation));
-  EXPECT_TRUE(ReadWith(policy, PointNamed("1") + JobNamed("J") + StationNamed("S") +
-                                   PointNamed("2")));
+  EXPECT_TRUE(
+      ReadWith(policy, PointNamed("1") + JobNamed("J") + StationNamed("S") + PointNamed("2")));
   EXPECT_EQ(Outline(), "()J()");
 }
 

@@ -78,14 +78,15 @@ TEST_P(Jb2ZeroDistance, OfAPolarRecordIsNoDistance) {
   EXPECT_EQ(Point(0, 0, 0).GetDato2(), 10);
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    Written, Jb2ZeroDistance,
-    testing::Values(NamedText{"WithThreeDecimals", "0.000"}, NamedText{"WithAMinusSign", "-0.000"},
-                    NamedText{"AsADigit", "0"}, NamedText{"WithAComma", "0,000"},
-                    NamedText{"Empty", ""}, NamedText{"Blank", "   "}, NamedText{"AsAWord", "abc"},
-                    NamedText{"AsNan", "nan"}, NamedText{"AsInf", "inf"},
-                    NamedText{"AsASignAlone", "-"}),
-    NameOf<NamedText>);
+INSTANTIATE_TEST_SUITE_P(Written, Jb2ZeroDistance,
+                         testing::Values(NamedText{"WithThreeDecimals", "0.000"},
+                                         NamedText{"WithAMinusSign", "-0.000"},
+                                         NamedText{"AsADigit", "0"},
+                                         NamedText{"WithAComma", "0,000"}, NamedText{"Empty", ""},
+                                         NamedText{"Blank", "   "}, NamedText{"AsAWord", "abc"},
+                                         NamedText{"AsNan", "nan"}, NamedText{"AsInf", "inf"},
+                                         NamedText{"AsASignAlone", "-"}),
+                         NameOf<NamedText>);
 
 TEST_F(Jb2Reader, TakesAMissingDistanceOfAPolarRecordForNoDistance) {
   Read(Line('P', {"1", "C", "1.500", "10.0000", "99.0000"}));
@@ -120,8 +121,8 @@ class Jb2ReducedRecord : public Jb2Test, public testing::WithParamInterface<Redu
 
 TEST_P(Jb2ReducedRecord, BecomesAPolarObservation) {
   const Reduced& with = GetParam();
-  Read(Line('R', {"204", "ASF", "1.500", "273.0785", with.heightDifference,
-                  with.horizontalDistance}));
+  Read(Line('R',
+            {"204", "ASF", "1.500", "273.0785", with.heightDifference, with.horizontalDistance}));
   ASSERT_EQ(library.GetPunArSize(0, 0), 1);
   EXPECT_EQ(Point(0, 0, 0).GetNome(), "204");
   EXPECT_EQ(Point(0, 0, 0).GetCode(), "ASF");
@@ -131,8 +132,9 @@ TEST_P(Jb2ReducedRecord, BecomesAPolarObservation) {
   EXPECT_NEAR(Point(0, 0, 0).GetDato0(), with.slopeDistance, 1e-12);
 }
 
-// The factor that turns radians into gon is the format's own, a little less than 200 divided by pi. Angles of the
-// triangle 3, 4, 5: arctan(4/3) is 59.0334470525 gon, arctan(3/4) is 40.9665529345 gon.
+// The factor that turns radians into gon is the format's own, a little less than 200 divided by pi.
+// Angles of the triangle 3, 4, 5: arctan(4/3) is 59.0334470525 gon, arctan(3/4) is 40.9665529345
+// gon.
 INSTANTIATE_TEST_SUITE_P(
     InEachQuadrant, Jb2ReducedRecord,
     testing::Values(Reduced{"Up", "3.000", "4.000", 59.03344705246514, 5},
@@ -152,8 +154,7 @@ INSTANTIATE_TEST_SUITE_P(
                     Reduced{"StraightUp", "2.500", "0.000", 0, 2.5},
                     Reduced{"StraightDown", "-2.500", "0.000", 0, 2.5},
                     Reduced{"Nowhere", "0.000", "0.000", 100, 0},
-                    Reduced{"EmptyFields", "", "", 100, 0},
-                    Reduced{"NoNumbers", "x", "y", 100, 0},
+                    Reduced{"EmptyFields", "", "", 100, 0}, Reduced{"NoNumbers", "x", "y", 100, 0},
                     Reduced{"NoHeightDifference", "", "7.5", 100, 7.5}),
     NameOf<Reduced>);
 

@@ -13,7 +13,8 @@ using namespace exchange_test;
 
 namespace {
 
-/// A seed from the environment (KALVIO_SEED), else a new one; printed, so that a failure can be seen again.
+/// A seed from the environment (KALVIO_SEED), else a new one; printed, so that a failure can be
+/// seen again.
 unsigned Seed() {
   const char* const wanted = std::getenv("KALVIO_SEED");
   const unsigned seed = wanted != nullptr ? static_cast<unsigned>(std::strtoul(wanted, nullptr, 10))
@@ -44,8 +45,9 @@ class RandomJobs {
 
   // No separator, no line end, no white space at the ends; only characters of the code page.
   tdk::WString Text(int longest) {
-    static const std::vector<std::string> kCharacters = {
-        "a", "Z", "0", "9", ".", "-", "|", "%", "\"", "&", "<", "P", "L", "à", "È", "ò", "€", "°", "ÿ", "œ"};
+    static const std::vector<std::string> kCharacters = {"a", "Z",  "0", "9", ".", "-", "|",
+                                                         "%", "\"", "&", "<", "P", "L", "à",
+                                                         "È", "ò",  "€", "°", "ÿ", "œ"};
     std::string text;
     const int length = Between(0, longest);
     for (int i = 0; i < length; ++i) {
@@ -195,14 +197,18 @@ TEST_F(Jb2RoundTrip, TurnsAReducedRecordIntoAPolarOne) {
 }
 
 TEST_F(Jb2RoundTrip, SplitsANameThatHoldsTheSeparator) {
-  AddPoint("A\x1d" "B");
+  AddPoint(
+      "A\x1d"
+      "B");
   WriteAndRead();
   EXPECT_EQ(Point(0, 0, 0).GetNome(), "A");
   EXPECT_EQ(Point(0, 0, 0).GetCode(), "B");
 }
 
 TEST_F(Jb2RoundTrip, SplitsANameThatHoldsALineEndIntoTwoLines) {
-  AddPoint("A\nS|\x1d" "B");
+  AddPoint(
+      "A\nS|\x1d"
+      "B");
   WriteAndRead();
   EXPECT_EQ(Outline(), "([]B[])");
 }

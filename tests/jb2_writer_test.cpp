@@ -50,12 +50,30 @@ TEST_F(Jb2Writer, WritesJobsStationsAndPointsInTheirOrder) {
   AddStation(0, "S2").SetTemper(-3.25);
   library.AddJob(true)->SetNome("EMPTY");
   EXPECT_EQ(Written(),
-            "L|\x1dWALL-01\x1dN. Ferri\x1dTS 5\x1d \x1d" "14-04-2026\x1d\n"
-            "S|\x1dS1\x1dnail\x1d" "1.582\x1d" "14.6\x1d" "988\x1d \x1d \x1d \x1d \x1d\n"
-            "P|\x1d" "101\x1dMURO\x1d" "1.500\x1d" "56.8778\x1d" "100.8288\x1d" "24.333\x1d\n"
-            "P|\x1d" "102\x1d\x1d" "0.000\x1d" "400.0000\x1d" "0.0000\x1d" "0.001\x1d\n"
-            "S|\x1dS2\x1d\x1d" "0.000\x1d" "-3.2\x1d" "0\x1d \x1d \x1d \x1d \x1d\n"
-            "L|\x1d" "EMPTY\x1d\x1d\x1d \x1d\x1d\n");
+            "L|\x1dWALL-01\x1dN. Ferri\x1dTS 5\x1d \x1d"
+            "14-04-2026\x1d\n"
+            "S|\x1dS1\x1dnail\x1d"
+            "1.582\x1d"
+            "14.6\x1d"
+            "988\x1d \x1d \x1d \x1d \x1d\n"
+            "P|\x1d"
+            "101\x1dMURO\x1d"
+            "1.500\x1d"
+            "56.8778\x1d"
+            "100.8288\x1d"
+            "24.333\x1d\n"
+            "P|\x1d"
+            "102\x1d\x1d"
+            "0.000\x1d"
+            "400.0000\x1d"
+            "0.0000\x1d"
+            "0.001\x1d\n"
+            "S|\x1dS2\x1d\x1d"
+            "0.000\x1d"
+            "-3.2\x1d"
+            "0\x1d \x1d \x1d \x1d \x1d\n"
+            "L|\x1d"
+            "EMPTY\x1d\x1d\x1d \x1d\x1d\n");
 }
 
 TEST_F(Jb2Writer, WritesAJobWithoutStationsAsItsLineAlone) {
@@ -126,7 +144,8 @@ TEST_F(Jb2Writer, WritesNegativeAndLargeNumbersAsTheyAre) {
 
 TEST_F(Jb2Writer, WritesTextsInTheCodePage) {
   library.AddJob(true)->SetLabels("Niccolò", "€ “x”", "àèìù", "°ÿ");
-  EXPECT_EQ(Written(), Line('L', {"Niccol\xf2", "\x80 \x93x\x94", "\xe0\xe8\xec\xf9", " ", "\xb0\xff"}));
+  EXPECT_EQ(Written(),
+            Line('L', {"Niccol\xf2", "\x80 \x93x\x94", "\xe0\xe8\xec\xf9", " ", "\xb0\xff"}));
 }
 
 TEST_F(Jb2Writer, NarrowsWhatTheCodePageLacksToAQuestionMark) {
@@ -135,8 +154,15 @@ TEST_F(Jb2Writer, NarrowsWhatTheCodePageLacksToAQuestionMark) {
 }
 
 TEST_F(Jb2Writer, EscapesNothing) {
-  library.AddJob(true)->SetLabels("a\x1d" "b", "c\nd", " e ", "%s|");
-  EXPECT_EQ(Written(), "L|\x1d" "a\x1d" "b\x1d" "c\nd\x1d e \x1d \x1d%s|\x1d\n");
+  library.AddJob(true)->SetLabels(
+      "a\x1d"
+      "b",
+      "c\nd", " e ", "%s|");
+  EXPECT_EQ(Written(),
+            "L|\x1d"
+            "a\x1d"
+            "b\x1d"
+            "c\nd\x1d e \x1d \x1d%s|\x1d\n");
 }
 
 // ---- Where the file goes ----

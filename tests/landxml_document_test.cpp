@@ -94,8 +94,9 @@ TEST_F(LandXmlDocument, CarriesItsConstantDateAndTime) {
 TEST_F(LandXmlDocument, NamesTheProjectByThePathInUtf8) {
   selection.path = tdk::WString(folder.Path("però 日本.xml"));
   const std::string text = Written();
-  EXPECT_EQ(LineThatBegins(text, "\t<Project"),
-            "\t<Project name=\"" + folder.Path("per\xc3\xb2 \xe6\x97\xa5\xe6\x9c\xac.xml") + "\"/>\n");
+  EXPECT_EQ(
+      LineThatBegins(text, "\t<Project"),
+      "\t<Project name=\"" + folder.Path("per\xc3\xb2 \xe6\x97\xa5\xe6\x9c\xac.xml") + "\"/>\n");
 }
 
 TEST_F(LandXmlDocument, NamesTheProjectByThePathExactlyAsGiven) {
@@ -144,9 +145,10 @@ TEST_F(LandXmlDocument, WritesTheItemsOfAListInItsOrder) {
   const CJob* const first = AddJob("J1");
   const CJob* const second = AddJob("J2");
   selection.tsJobs = {second, first, second};
-  EXPECT_EQ(Sections(), "\t<Survey desc=\"J2\">\n\t\t<SurveyHeader name=\"J2\" />\n\t</Survey>\n"
-                        "\t<Survey desc=\"J1\">\n\t\t<SurveyHeader name=\"J1\" />\n\t</Survey>\n"
-                        "\t<Survey desc=\"J2\">\n\t\t<SurveyHeader name=\"J2\" />\n\t</Survey>\n");
+  EXPECT_EQ(Sections(),
+            "\t<Survey desc=\"J2\">\n\t\t<SurveyHeader name=\"J2\" />\n\t</Survey>\n"
+            "\t<Survey desc=\"J1\">\n\t\t<SurveyHeader name=\"J1\" />\n\t</Survey>\n"
+            "\t<Survey desc=\"J2\">\n\t\t<SurveyHeader name=\"J2\" />\n\t</Survey>\n");
 }
 
 TEST_F(LandXmlDocument, WritesPointGroupsAfterAllSurveysAndAlignmentsBefore) {
@@ -159,8 +161,9 @@ TEST_F(LandXmlDocument, WritesPointGroupsAfterAllSurveysAndAlignmentsBefore) {
   const auto alignments = sections.find("\t</Alignments>\n");
   const auto job = sections.find("\t<Survey desc=\"J\">\n");
   const auto gps = sections.find("\t<Survey>\n");
-  const auto points = sections.find("\t<CgPoints name=\"K1\">\n\t</CgPoints>\n"
-                                    "\t<CgPoints name=\"K2\">\n\t</CgPoints>\n");
+  const auto points = sections.find(
+      "\t<CgPoints name=\"K1\">\n\t</CgPoints>\n"
+      "\t<CgPoints name=\"K2\">\n\t</CgPoints>\n");
   ASSERT_NE(points, std::string::npos) << sections;
   EXPECT_LT(alignments, job);
   EXPECT_LT(job, gps);

@@ -139,8 +139,8 @@ class LandXmlQuality : public LandXmlGpsSurvey, public testing::WithParamInterfa
 
 TEST_P(LandXmlQuality, IsWrittenAsAWord) {
   EXPECT_TRUE(QualityLine([](CPunGps& point) { point.SetQua(GetParam().code); })
-                  .starts_with(std::string("\t\t\t<GPSQCInfoLevel2 GPSSolnType=\"") + GetParam().word +
-                               "\" covarianceXX="));
+                  .starts_with(std::string("\t\t\t<GPSQCInfoLevel2 GPSSolnType=\"") +
+                               GetParam().word + "\" covarianceXX="));
 }
 
 INSTANTIATE_TEST_SUITE_P(
@@ -190,19 +190,20 @@ TEST_P(LandXmlLatitude, IsWrittenInDegreesWithNineDecimals) {
   CGrpGps& group = AddGroup("G", "B");
   AddPoint(0, "P").SetLat(GetParam().radians);
   const std::string rover = LineThatBegins(GpsSurveyText(library, group), "\t\t<GPSPosition");
-  EXPECT_NE(rover.find(std::string(" wgsLatitude=\"") + GetParam().degrees + "\" "), std::string::npos)
+  EXPECT_NE(rover.find(std::string(" wgsLatitude=\"") + GetParam().degrees + "\" "),
+            std::string::npos)
       << rover;
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    Of, LandXmlLatitude,
-    testing::Values(Latitude{"FortyFiveDegrees", 0.785398163397, "45.000000000"},
-                    Latitude{"TheSouth", -0.785398163397, "-45.000000000"},
-                    Latitude{"TheEquator", 0, "0.000000000"},
-                    Latitude{"ThePole", 1.5707963267948966, "90.000000000"},
-                    Latitude{"AMillimetre", 1.5696e-10, "0.000000009"},
-                    Latitude{"OneRadian", 1, "57.295779513"}),
-    [](const auto& which) { return std::string(which.param.name); });
+INSTANTIATE_TEST_SUITE_P(Of, LandXmlLatitude,
+                         testing::Values(Latitude{"FortyFiveDegrees", 0.785398163397,
+                                                  "45.000000000"},
+                                         Latitude{"TheSouth", -0.785398163397, "-45.000000000"},
+                                         Latitude{"TheEquator", 0, "0.000000000"},
+                                         Latitude{"ThePole", 1.5707963267948966, "90.000000000"},
+                                         Latitude{"AMillimetre", 1.5696e-10, "0.000000009"},
+                                         Latitude{"OneRadian", 1, "57.295779513"}),
+                         [](const auto& which) { return std::string(which.param.name); });
 
 TEST_F(LandXmlGpsSurvey, WritesUndefinedValuesOfTheBaseInFull) {
   CGrpGps& group = *library.AddGrp(true);

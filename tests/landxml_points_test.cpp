@@ -63,8 +63,8 @@ TEST_F(LandXmlPoints, AreWrittenWithUndefinedCoordinatesInFull) {
   const std::string undefined = Fixed(1.7e+200, 6);
   ASSERT_EQ(undefined.size(), 208u);
   EXPECT_EQ(CgPointsText(library, group),
-            "\t<CgPoints name=\"U\">\n\t\t<CgPoint name=\"P\">2.000000 " + undefined + " " + undefined +
-                "</CgPoint>\n\t</CgPoints>\n");
+            "\t<CgPoints name=\"U\">\n\t\t<CgPoint name=\"P\">2.000000 " + undefined + " " +
+                undefined + "</CgPoint>\n\t</CgPoints>\n");
 }
 
 TEST_F(LandXmlPoints, MayHaveTheSameNameTwice) {

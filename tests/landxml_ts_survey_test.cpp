@@ -53,24 +53,25 @@ TEST_F(LandXmlTsSurvey, HoldsStationsWithTheirPoints) {
   computed.SetCoord(1010.5, 2020.125, 49);
   AddPoint(first, "102").SetDtIntAng(10, 99.5, 380.25, 0);
   AddStation("S2", -0.25);
-  EXPECT_EQ(TsSurveyText(library, job),
-            "\t<Survey desc=\"WALL\">\n"
-            "\t\t<SurveyHeader name=\"WALL\" />\n"
-            "\t\t<InstrumentSetup id=\"Setup0\" stationName=\"S1\" instrumentHeight=\"1.582400\">\n"
-            "\t\t\t<InstrumentPoint name=\"S1\" desc=\"nail\">2000.000000 1000.000000"
-            " 50.250000</InstrumentPoint>\n"
-            "\t\t\t<RawObservation setupID=\"Setup0\" targetHeight=\"1.500000\""
-            " horizAngle=\"56.877800\" slopeDistance=\"24.333000\" zenithAngle=\"100.828800\" >\n"
-            "\t\t\t\t<TargetPoint name=\"101\" desc=\"MURO\">2020.125000 1010.500000"
-            " 49.000000</TargetPoint>\n"
-            "\t\t\t</RawObservation>\n"
-            "\t\t\t<RawObservation setupID=\"Setup1\" targetHeight=\"0.000000\""
-            " horizAngle=\"380.250000\" slopeDistance=\"10.000000\" zenithAngle=\"99.500000\" >\n"
-            "\t\t\t</RawObservation>\n"
-            "\t\t</InstrumentSetup>\n"
-            "\t\t<InstrumentSetup id=\"Setup1\" stationName=\"S2\" instrumentHeight=\"-0.250000\">\n"
-            "\t\t</InstrumentSetup>\n"
-            "\t</Survey>\n");
+  EXPECT_EQ(
+      TsSurveyText(library, job),
+      "\t<Survey desc=\"WALL\">\n"
+      "\t\t<SurveyHeader name=\"WALL\" />\n"
+      "\t\t<InstrumentSetup id=\"Setup0\" stationName=\"S1\" instrumentHeight=\"1.582400\">\n"
+      "\t\t\t<InstrumentPoint name=\"S1\" desc=\"nail\">2000.000000 1000.000000"
+      " 50.250000</InstrumentPoint>\n"
+      "\t\t\t<RawObservation setupID=\"Setup0\" targetHeight=\"1.500000\""
+      " horizAngle=\"56.877800\" slopeDistance=\"24.333000\" zenithAngle=\"100.828800\" >\n"
+      "\t\t\t\t<TargetPoint name=\"101\" desc=\"MURO\">2020.125000 1010.500000"
+      " 49.000000</TargetPoint>\n"
+      "\t\t\t</RawObservation>\n"
+      "\t\t\t<RawObservation setupID=\"Setup1\" targetHeight=\"0.000000\""
+      " horizAngle=\"380.250000\" slopeDistance=\"10.000000\" zenithAngle=\"99.500000\" >\n"
+      "\t\t\t</RawObservation>\n"
+      "\t\t</InstrumentSetup>\n"
+      "\t\t<InstrumentSetup id=\"Setup1\" stationName=\"S2\" instrumentHeight=\"-0.250000\">\n"
+      "\t\t</InstrumentSetup>\n"
+      "\t</Survey>\n");
 }
 
 TEST_F(LandXmlTsSurvey, RefersToSetupsByThePositionOfThePoint) {
@@ -116,10 +117,10 @@ TEST_F(LandXmlTsSurvey, LeavesTheTargetHeightOutWhenThereIsNone) {
 }
 
 TEST_F(LandXmlTsSurvey, LeavesTheAnglesOutWhenThereAreNone) {
-  EXPECT_EQ(ObservationTag(
-                [](CPun& point) { point.SetDtIntAng(5, UndefinedValue, UndefinedValue, 0); }),
-            "\t\t\t<RawObservation setupID=\"Setup0\" targetHeight=\"0.000000\""
-            " slopeDistance=\"5.000000\" >\n");
+  EXPECT_EQ(
+      ObservationTag([](CPun& point) { point.SetDtIntAng(5, UndefinedValue, UndefinedValue, 0); }),
+      "\t\t\t<RawObservation setupID=\"Setup0\" targetHeight=\"0.000000\""
+      " slopeDistance=\"5.000000\" >\n");
 }
 
 TEST_F(LandXmlTsSurvey, WritesAnObservationOfNothingAtAll) {
@@ -157,13 +158,13 @@ TEST_P(LandXmlMissingCoordinate, LeavesThePlacesOut) {
   EXPECT_EQ(CountOf(text, "<RawObservation "), 1);
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    Without, LandXmlMissingCoordinate,
-    testing::Values(MissingCoordinate{"Easting", UndefinedValue, 2, 3},
-                    MissingCoordinate{"Northing", 1, UndefinedValue, 3},
-                    MissingCoordinate{"Elevation", 1, 2, UndefinedValue},
-                    MissingCoordinate{"Any", UndefinedValue, UndefinedValue, UndefinedValue}),
-    [](const auto& which) { return std::string(which.param.name); });
+INSTANTIATE_TEST_SUITE_P(Without, LandXmlMissingCoordinate,
+                         testing::Values(MissingCoordinate{"Easting", UndefinedValue, 2, 3},
+                                         MissingCoordinate{"Northing", 1, UndefinedValue, 3},
+                                         MissingCoordinate{"Elevation", 1, 2, UndefinedValue},
+                                         MissingCoordinate{"Any", UndefinedValue, UndefinedValue,
+                                                           UndefinedValue}),
+                         [](const auto& which) { return std::string(which.param.name); });
 
 TEST_F(LandXmlTsSurvey, WritesAnUndefinedInstrumentHeightInFull) {
   CJob& job = AddJob("J");
@@ -183,8 +184,9 @@ TEST_F(LandXmlTsSurvey, HasItsNamesUnescapedInUtf8) {
   point.SetCode("\"q\"");
   point.SetCoord(0, 0, 0);
   const std::string text = TsSurveyText(library, job);
-  EXPECT_TRUE(text.starts_with("\t<Survey desc=\"A&B <\"\xc3\xa8\">\">\n"
-                               "\t\t<SurveyHeader name=\"A&B <\"\xc3\xa8\">\" />\n"));
+  EXPECT_TRUE(
+      text.starts_with("\t<Survey desc=\"A&B <\"\xc3\xa8\">\">\n"
+                       "\t\t<SurveyHeader name=\"A&B <\"\xc3\xa8\">\" />\n"));
   EXPECT_NE(text.find(" stationName=\"S&T\" "), std::string::npos);
   EXPECT_NE(text.find("<InstrumentPoint name=\"S&T\" desc=\"<x>\">"), std::string::npos);
   EXPECT_NE(text.find("<TargetPoint name=\"P & %d\" desc=\"\"q\"\">"), std::string::npos);
@@ -197,8 +199,9 @@ TEST_F(LandXmlTsSurvey, OfAJobThatTheLibraryDoesNotHoldIsItsHeaderOnly) {
   CJob& elsewhere = *other.AddJob(true);
   elsewhere.SetNome("elsewhere");
   other.AddSta(0, true);
-  EXPECT_EQ(TsSurveyText(library, elsewhere),
-            "\t<Survey desc=\"elsewhere\">\n\t\t<SurveyHeader name=\"elsewhere\" />\n\t</Survey>\n");
+  EXPECT_EQ(
+      TsSurveyText(library, elsewhere),
+      "\t<Survey desc=\"elsewhere\">\n\t\t<SurveyHeader name=\"elsewhere\" />\n\t</Survey>\n");
 }
 
 }  // namespace

@@ -67,7 +67,8 @@ struct WrongPositions {
 };
 void PrintTo(const WrongPositions& with, std::ostream* out) { *out << with.name; }
 
-class CheckListRefusal : public CheckListTest, public testing::WithParamInterface<WrongPositions> {};
+class CheckListRefusal : public CheckListTest,
+                         public testing::WithParamInterface<WrongPositions> {};
 
 TEST_P(CheckListRefusal, LeavesTheMarksAsTheyWere) {
   ASSERT_EQ(list.Set({1}), DialogSet::kDone);
@@ -83,8 +84,9 @@ INSTANTIATE_TEST_SUITE_P(
                     WrongPositions{"APositionBeyondInt", "[4294967296]"},
                     WrongPositions{"ANegativePositionBeyondInt", "[-4294967296]"},
                     WrongPositions{"TheLargestNumber", "[18446744073709551615]"},
-                    WrongPositions{"AFraction", "[0.5]"}, WrongPositions{"ATextPosition", "[\"0\"]"},
-                    WrongPositions{"AFlag", "[true]"}, WrongPositions{"ANullPosition", "[null]"},
+                    WrongPositions{"AFraction", "[0.5]"},
+                    WrongPositions{"ATextPosition", "[\"0\"]"}, WrongPositions{"AFlag", "[true]"},
+                    WrongPositions{"ANullPosition", "[null]"},
                     WrongPositions{"AListInTheList", "[[0]]"}, WrongPositions{"ANumber", "0"},
                     WrongPositions{"AText", "\"0\""}, WrongPositions{"Null", "null"},
                     WrongPositions{"AnObject", "{\"0\": 0}"}),
@@ -148,7 +150,8 @@ TEST_F(LandXmlWizard, HasEmptyListsForAnEmptyDocument) {
   ui::LandXmlWizard(empty).Run(&parent);
   ASSERT_EQ(views.dialogs.size(), 3u);
   const DialogState none = DialogState::array();
-  EXPECT_EQ(views.dialogs[0].state, (DialogState{{"jobs", none}, {"gpsGroups", none}, {"pointGroups", none}}));
+  EXPECT_EQ(views.dialogs[0].state,
+            (DialogState{{"jobs", none}, {"gpsGroups", none}, {"pointGroups", none}}));
   EXPECT_EQ(views.dialogs[1].state, (DialogState{{"surfaces", none}}));
   EXPECT_EQ(views.dialogs[2].state, (DialogState{{"roads", none}}));
 }
@@ -162,7 +165,8 @@ TEST_F(LandXmlWizard, HasTheSameFiveButtonsOnEachPage) {
     });
   }
   Run();
-  const std::vector<std::string_view> expected = {"<<", ">>", "Cancel", "Select All", "Deselect All"};
+  const std::vector<std::string_view> expected = {"<<", ">>", "Cancel", "Select All",
+                                                  "Deselect All"};
   EXPECT_EQ(buttons, std::vector(3, expected));
 }
 

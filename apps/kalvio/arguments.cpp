@@ -108,14 +108,21 @@ std::vector<Slot> AddRows(CLI::App& app, std::string_view command) {
   return slots;
 }
 
-// What the parser calls a mismatch is a value too few or too many; it names the option first.
-[[noreturn]] void RefuseMismatch(const std::string& what, const std::vector<Slot>& slots) {
-  const std::string name = what.substr(0, what.find_first_of(": "));
-  const bool flag = std::any_of(slots.begin(), slots.end(), [&](const Slot& slot) {
-    return slot.row->name == name && slot.row->IsFlag();
-  });
-  const auto pattern = flag ? Xlate("option {1} takes no value") : Xlate("option {1} needs a value");
-  throw BadUsage(Fill(pattern, {tdk::WString(name)}).ToUtf8());
+std::string_view WithoutDashes(std::string_view name) {
+  return name.substr(std::min(name.find_first_not_of('-'), name.size()));
+}
+
+// What the parser calls a mismatch is a value that is missing, or one for a flag. It names the option first, a flag
+// without its dashes.
+[[noreturn]] void RefuseMismatch(std::string_view what, const std::vector<Slot>& slots) {
+  const std::string_view name = WithoutDashes(what.substr(0, what.find_first_of(": ")));
+  for (const Slot& slot : slots) {
+    if (WithoutDashes(slot.row->name) != name) continue;
+    const auto pattern =
+        slot.row->IsFlag() ? Xlate("option {1} takes no value") : Xlate("option {1} needs a value");
+    throw BadUsage(Fill(pattern, {slot.row->name}).ToUtf8());
+  }
+  throw BadUsage(std::string(what));
 }
 
 void Parse(CLI::App& app, std::vector<std::string> reversed, const std::vector<Slot>& slots) {

@@ -31,7 +31,7 @@ constexpr auto kOptions = std::to_array<OptionRow>({
      ToXlate("a new one")},
     {"convert", "--quiet", nullptr, ToXlate("no summary"), kNoFallback},
     {"convert", "--progress", "auto|always|never", ToXlate("show how far it has come"),
-     ToXlate("auto: on a terminal only")},
+     ToXlate("auto, which is on a terminal only")},
 
     {"show", "JOB|FILE", "", ToXlate("job folder, .json document or a file that can be read"),
      kNoFallback},

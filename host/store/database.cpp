@@ -15,7 +15,7 @@ Database::Database(const std::string& path, Mode mode) : path_(path) {
   const int result = sqlite3_open_v2(absolute.c_str(), &handle, flags, nullptr);
   handle_.reset(handle);
   if (result != SQLITE_OK) FailWithReason();
-  constexpr int kPatienceMilliseconds = 2000;
+  constexpr int kPatienceMilliseconds = 1000;
   sqlite3_busy_timeout(handle, kPatienceMilliseconds);
   // Else a quoted name that is no column would be a text.
   sqlite3_db_config(handle, SQLITE_DBCONFIG_DQS_DML, 0, nullptr);

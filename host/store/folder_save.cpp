@@ -119,7 +119,6 @@ void MakeFolder(const std::string& folder) {
 // One transaction: who fails or is killed before its end leaves the previous job.
 void SaveDatabase(const std::string& path, HostDocument& document, const JobProgress& progress) {
   const Database database(path, Database::Mode::kCreate);
-  database.Run("PRAGMA cache_size = -20000");  // KiB: fewer pages are written twice
   database.Run("PRAGMA secure_delete = OFF");  // the previous job need not be overwritten with zeros
   database.Run("BEGIN IMMEDIATE");
   static_cast<void>(HoldsJob(database));  // what is no job must not be lost

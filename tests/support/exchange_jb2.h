@@ -112,7 +112,8 @@ class Jb2Test : public testing::Test {
   const CSta& Station(int job, int sta) const { return *library.GetStaAt(job, sta); }
   const CPun& Point(int job, int sta, int pun) const { return *library.GetPunAt(job, sta, pun); }
 
-  /// The names of all that the library holds, for comparing at a glance: "job(station[point point]station[])".
+  /// The names of all that the library holds, for comparing at a glance: "job(station[point
+  /// point]station[])".
   std::string Outline() const {
     std::string text;
     for (int job = 0; job < library.GetJobArSize(); ++job) {

@@ -27,7 +27,8 @@ std::string SectionText(Writer write) {
 }
 
 inline std::string TsSurveyText(const CLibCmp& library, const CJob& job) {
-  return SectionText([&](platform::OutputFile& file) { landxml::WriteTsSurvey(file, library, job); });
+  return SectionText(
+      [&](platform::OutputFile& file) { landxml::WriteTsSurvey(file, library, job); });
 }
 inline std::string GpsSurveyText(const CLibGps& library, const CGrpGps& group) {
   return SectionText(

@@ -11,8 +11,8 @@ namespace exchange_test {
 /// `value` in fixed notation with that many decimals.
 inline std::string Fixed(double value, int decimals) {
   std::array<char, 400> text{};
-  const auto end =
-      std::to_chars(text.data(), text.data() + text.size(), value, std::chars_format::fixed, decimals);
+  const auto end = std::to_chars(text.data(), text.data() + text.size(), value,
+                                 std::chars_format::fixed, decimals);
   return {text.data(), end.ptr};
 }
 
