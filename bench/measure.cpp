@@ -6,7 +6,7 @@
 namespace bench {
 namespace {
 
-constexpr int kWhatWidth = 78;
+constexpr int kWhatWidth = 80;
 constexpr int kFigureWidth = 22;
 constexpr int kShortWidth = 8;
 
