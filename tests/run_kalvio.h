@@ -27,8 +27,8 @@ struct Surroundings {
   std::string folder = "/";  ///< working directory
   /// Variables on top of the test's own; nothing: not there. Messages are in English unless said otherwise here,
   /// whatever the locale of the test; numbers and letters follow the test's locale.
-  std::map<std::string, std::optional<std::string>> variables;
-  std::optional<std::string> output;  ///< a file that standard output goes to
+  std::map<std::string, std::optional<std::string>> variables = {};
+  std::optional<std::string> output = {};  ///< a file that standard output goes to
   bool closedOutput = false;
 };
 
