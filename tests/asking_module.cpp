@@ -1,5 +1,6 @@
-// A module for the tests of the program: its functions ask, wait, tell and fail as no exchange of this version does.
-// Those that the tests do not need are left out, so that the program can be seen to miss one.
+// A module for the tests of the program: its functions ask, wait, tell and fail as no exchange of
+// this version does. Those that the tests do not need are left out, so that the program can be seen
+// to miss one.
 #include <nlohmann/json.hpp>
 #include <stdexcept>
 
@@ -22,14 +23,21 @@ class Notebook : public Dialog {
 
   std::string_view Name() const override { return "notebook"; }
   tdk::WString Title() const override { return "Taccuino però"; }
-  DialogState State() const override { return {{"entries", entries_}, {"strange", "a\xff" "b"}}; }
+  DialogState State() const override {
+    return {{"entries", entries_},
+            {"strange",
+             "a\xff"
+             "b"}};
+  }
   DialogSet Set(std::string_view key, const DialogState& value) override {
     if (key.starts_with("unknown")) return DialogSet::kUnknownKey;
     if (value.is_null()) return DialogSet::kWrongValue;
     entries_.push_back(std::string(key) + "=" + value.dump());
     return DialogSet::kDone;
   }
-  std::vector<std::string_view> Buttons() const override { return {"Again", "Ask", "OK", "Cancel"}; }
+  std::vector<std::string_view> Buttons() const override {
+    return {"Again", "Ask", "OK", "Cancel"};
+  }
   std::optional<int> Press(std::string_view button) override {
     if (button == "Ask") CreateMessageBox(parent_, "Question", "Inside?", kBoxYesNo);
     if (button == "Again" || button == "Ask") return std::nullopt;
@@ -86,7 +94,8 @@ int ChangeSettings(CWnd* /*parent*/, ExchangeContext* /*document*/) {
 int TellMuch(CWnd* parent, ExchangeContext* document) {
   document->GetLibCmp()->AddJob(true)->SetNome("told");
   for (int i = 1; i <= 12; ++i) {
-    parent->GetViews()->TakeNote({"/folder\\file.jb2", 3, tdk::WString("note " + std::to_string(i))});
+    parent->GetViews()->TakeNote(
+        {"/folder\\file.jb2", 3, tdk::WString("note " + std::to_string(i))});
   }
   platform::ReportFileTrouble(platform::FileTrouble::Action::kCreate, "/folder/other", ENOSPC);
   return 1;
@@ -102,9 +111,7 @@ int TellNotes(CWnd* parent, ExchangeContext* document) {
 }
 
 struct Loaded {
-  Loaded() {
-    platform::SendToWindow("Listener", {2000, 5, -6});
-  }
+  Loaded() { platform::SendToWindow("Listener", {2000, 5, -6}); }
 };
 const Loaded loaded;
 
@@ -126,7 +133,8 @@ int FExportDATFile(CWnd* parent, ExchangeContext* document, int) {
   return Guarded(TellMuch, parent, document);
 }
 // What the program's options bring.
-int FExportJB3File(CWnd* parent, ExchangeContext*, const tdk::WString* name, const tdk::WString* version) {
+int FExportJB3File(CWnd* parent, ExchangeContext*, const tdk::WString* name,
+                   const tdk::WString* version) {
   CreateMessageBox(parent, *name, *version, 0);
   return 1;
 }

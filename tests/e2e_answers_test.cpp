@@ -18,7 +18,8 @@ class Answers : public testing::Test {
     return Run(function, answers);
   }
   // Bad usage before anything was called.
-  void ExpectRefused(const std::string& answers, const std::string& where_, const std::string& word) {
+  void ExpectRefused(const std::string& answers, const std::string& where_,
+                     const std::string& word) {
     const Outcome run = Run("DummyVexa4modExport", answers);
     EXPECT_EQ(run.status, 2) << answers;
     EXPECT_EQ(run.out, "") << answers;

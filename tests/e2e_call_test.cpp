@@ -10,10 +10,12 @@ using testing::ElementsAre;
 using testing::HasSubstr;
 
 constexpr std::array kFunctions = {
-    "FImportImageFile",   "FImportJB2File",          "FImportJB3File",      "FImportTXTFile",
-    "FImportCSVFile",     "FImportDXFDWGFile",       "FExportJB2File",      "FExportJB3File",
-    "FExportTXTFile",     "FExportCSVFile",          "FExportDXFDWGFile",   "FExportDATFile",
-    "FExportEntInFileShape", "FImportEntFromFileShape", "FExportLandXMLFile", "DummyVexa4modExport"};
+    "FImportImageFile",      "FImportJB2File",          "FImportJB3File",
+    "FImportTXTFile",        "FImportCSVFile",          "FImportDXFDWGFile",
+    "FExportJB2File",        "FExportJB3File",          "FExportTXTFile",
+    "FExportCSVFile",        "FExportDXFDWGFile",       "FExportDATFile",
+    "FExportEntInFileShape", "FImportEntFromFileShape", "FExportLandXMLFile",
+    "DummyVexa4modExport"};
 
 class Call : public testing::Test {
  protected:
@@ -33,8 +35,7 @@ class Call : public testing::Test {
 };
 
 TEST_F(Call, Jb2ImportTellsDialogChangesAndValue) {
-  const Outcome run =
-      Run({"FImportJB2File"}, ChoosePaths({folder.Write("a.jb2", SmallJb2())}));
+  const Outcome run = Run({"FImportJB2File"}, ChoosePaths({folder.Write("a.jb2", SmallJb2())}));
   EXPECT_EQ(run.status, 0);
   EXPECT_EQ(run.err, "");
   EXPECT_EQ(run.out,
@@ -141,8 +142,8 @@ TEST_F(Call, WindowGetsTheMessageThatTheModuleHasStarted) {
 }
 
 TEST_F(Call, OfTwoWindowsOnlyTheNewerOnesGetsTheMessage) {
-  const Outcome run = Run({"DummyVexa4modExport", "--window", "Avvio_TrembaloCrash", "--window",
-                           "KalvioFieldStart"});
+  const Outcome run = Run(
+      {"DummyVexa4modExport", "--window", "Avvio_TrembaloCrash", "--window", "KalvioFieldStart"});
   EXPECT_THAT(EventNames(run.out), ElementsAre("window-message", "returned"));
   EXPECT_EQ(Events(run.out)[0]["window"], "KalvioFieldStart");
 }
@@ -170,12 +171,13 @@ TEST_F(Call, WaitIsToldAroundWhatHappensWithin) {
 TEST_F(Call, TextsAreUtf8AndWhatIsNoneIsReplaced) {
   const std::string dialog = Lines(RunAsking({"FImportTXTFile"}).out)[1];
   EXPECT_THAT(dialog, HasSubstr("Taccuino però"));
-  EXPECT_THAT(dialog, HasSubstr("a\xEF\xBF\xBD" "b"));
+  EXPECT_THAT(dialog, HasSubstr("a\xEF\xBF\xBD"
+                                "b"));
 }
 
 TEST_F(Call, OptionsReachTheJb3Export) {
-  const Outcome run = RunAsking({"FExportJB3File", "--option", "app-name=Field = Pro", "--option",
-                                 "app-version=9.1"});
+  const Outcome run = RunAsking(
+      {"FExportJB3File", "--option", "app-name=Field = Pro", "--option", "app-version=9.1"});
   EXPECT_EQ(Events(run.out)[0]["caption"], "Field = Pro");
   EXPECT_EQ(Events(run.out)[0]["text"], "9.1");
 }
@@ -193,17 +195,16 @@ TEST_F(Call, NotesAndFileTroubleGoToStandardError) {
   EXPECT_EQ(run.status, 0);
   EXPECT_THAT(EventNames(run.out), ElementsAre("returned"));
   EXPECT_THAT(Lines(run.err), testing::Contains("kalvio: /folder/file.jb2: note 1"));
-  EXPECT_THAT(Lines(run.err),
-              testing::Contains(
-                  "kalvio: /folder/other: cannot be created: No space left on device"));
+  EXPECT_THAT(
+      Lines(run.err),
+      testing::Contains("kalvio: /folder/other: cannot be created: No space left on device"));
 }
 
 TEST_F(Call, FileThatCannotBeOpenedIsToldThoughTheModuleSaysNothing) {
   const Outcome run = Run({"FImportJB2File"}, ChoosePaths({"/missing/a.jb2"}));
   EXPECT_EQ(run.status, 0);
   EXPECT_EQ(LastEvent(run.out), R"({"event":"returned","value":0})");
-  EXPECT_EQ(run.err,
-            "kalvio: /missing/a.jb2: cannot be opened: No such file or directory\n");
+  EXPECT_EQ(run.err, "kalvio: /missing/a.jb2: cannot be opened: No such file or directory\n");
 }
 
 TEST_F(Call, ModuleThatCannotBeLoadedIsNamed) {

@@ -28,7 +28,8 @@ class Convert : public testing::Test {
     words.insert(words.begin(), "convert");
     return RunKalvio(words, asking);
   }
-  // Fails with nothing but one line on standard error, which begins with the file and holds the reason.
+  // Fails with nothing but one line on standard error, which begins with the file and holds the
+  // reason.
   void ExpectFailure(const std::vector<std::string>& words, int status, const std::string& file,
                      const std::string& reason) {
     const Outcome run = Run(words);
@@ -56,7 +57,8 @@ TEST_F(Convert, GivesTheBytesOfTheSameWorkByHand) {
   folder.Write("import.json", ChoosePaths({folder.File("a.jb2")}));
   folder.Write("export.json", R"([{"dialog": "landxml-survey", "press": "Select All"},
       {"dialog": "landxml-survey", "press": "Cancel"},
-      {"dialog": "file", "set": {"path": ")" + folder.File("out.xml") + R"("}, "press": "OK"}])");
+      {"dialog": "file", "set": {"path": ")" +
+                                  folder.File("out.xml") + R"("}, "press": "OK"}])");
   RunKalvio({"call", "FImportJB2File", "--answers", "import.json", "--save", "j.json"}, where);
   RunKalvio({"call", "FExportLandXMLFile", "--job", "j.json", "--answers", "export.json"}, where);
   EXPECT_EQ(ReadBytes(folder.File("out.xml")), converted);
@@ -139,7 +141,8 @@ TEST_F(Convert, JobFolderIsImportedIntoExportedFromAndSaved) {
   EXPECT_EQ(Run({"--job", "job", "a.jb2", "one.jb2"}).status, 0);
   const Outcome run = Run({"--job", "job", "a.jb2", "two.jb2"});
   EXPECT_EQ(run.status, 0) << run.err;
-  EXPECT_THAT(Lines(run.out), ElementsAre(HasSubstr("a.jb2: 1 job,"), HasSubstr("two.jb2: 2 jobs,")));
+  EXPECT_THAT(Lines(run.out),
+              ElementsAre(HasSubstr("a.jb2: 1 job,"), HasSubstr("two.jb2: 2 jobs,")));
   EXPECT_EQ(ReadBytes(folder.File("two.jb2")), SmallJb2() + SmallJb2());
 }
 
@@ -246,8 +249,8 @@ TEST_F(Convert, OutputIsWrittenOver) {
 
 TEST_F(Convert, OutputThatIsAnInputIsRefused) {
   Link("a.jb2", "link.jb2");
-  for (const std::string& output :
-       {std::string("a.jb2"), std::string("./a.jb2"), folder.File("a.jb2"), std::string("link.jb2")}) {
+  for (const std::string& output : {std::string("a.jb2"), std::string("./a.jb2"),
+                                    folder.File("a.jb2"), std::string("link.jb2")}) {
     const Outcome run = Run({"a.jb2", output});
     EXPECT_EQ(run.status, 2) << output;
     EXPECT_THAT(run.err, HasSubstr(output));
@@ -279,24 +282,31 @@ TEST_F(Convert, ClosedStandardOutputDoesNotReachIntoFiles) {
 }
 
 TEST_F(Convert, EveryOptionOfItsContractIsTaken) {
-  const Outcome run = Run({"--kind", "ts", "--columns", "name,-,east,north,elev,time", "--separator",
-                           "tab", "--widths", "10,12,12", "--header-rows", "2", "--quote-names",
-                           "--dwg-version", "r14", "--dxf-version", "r12", "--crs", "EPSG:32632",
-                           "--progress", "never", "a.jb2", "b.jb2"});
+  const Outcome run = Run({"--kind",        "ts",
+                           "--columns",     "name,-,east,north,elev,time",
+                           "--separator",   "tab",
+                           "--widths",      "10,12,12",
+                           "--header-rows", "2",
+                           "--quote-names", "--dwg-version",
+                           "r14",           "--dxf-version",
+                           "r12",           "--crs",
+                           "EPSG:32632",    "--progress",
+                           "never",         "a.jb2",
+                           "b.jb2"});
   EXPECT_EQ(run.status, 0) << run.err;
   EXPECT_EQ(ReadBytes(folder.File("b.jb2")), SmallJb2());
 }
 
 TEST_F(Convert, ValuesThatOptionsCannotHaveAreBadUsage) {
   const std::vector<std::vector<std::string>> wrong = {
-      {"--kind", "all"},           {"--columns", "name,height"},
-      {"--columns", ""},           {"--columns", "name,name,name,name,name,name,name"},
-      {"--separator", ";"},        {"--widths", "10,x"},
-      {"--widths", "0"},           {"--widths", "1,2,3,4,5,6,7"},
-      {"--header-rows", "-1"},     {"--header-rows", "1.5"},
-      {"--dwg-version", "r12"},    {"--dxf-version", "r14"},
-      {"--crs", "32632"},          {"--crs", ":1"},
-      {"--crs", "EPSG:"},          {"--progress", "maybe"}};
+      {"--kind", "all"},        {"--columns", "name,height"},
+      {"--columns", ""},        {"--columns", "name,name,name,name,name,name,name"},
+      {"--separator", ";"},     {"--widths", "10,x"},
+      {"--widths", "0"},        {"--widths", "1,2,3,4,5,6,7"},
+      {"--header-rows", "-1"},  {"--header-rows", "1.5"},
+      {"--dwg-version", "r12"}, {"--dxf-version", "r14"},
+      {"--crs", "32632"},       {"--crs", ":1"},
+      {"--crs", "EPSG:"},       {"--progress", "maybe"}};
   for (std::vector<std::string> words : wrong) {
     const std::string option = words[0];
     words.insert(words.end(), {"a.jb2", "b.jb2"});
@@ -324,7 +334,8 @@ TEST_F(Convert, ProgressIsNotShownWithoutATerminal) {
 }
 
 TEST_F(Convert, NumbersDoNotFollowTheLocale) {
-  where.variables["LC_NUMERIC"] = "it_IT.UTF-8";  // where it is missing, this is the usual run again
+  where.variables["LC_NUMERIC"] =
+      "it_IT.UTF-8";  // where it is missing, this is the usual run again
   EXPECT_EQ(Run({"a.jb2", "b.jb2"}).status, 0);
   EXPECT_EQ(ReadBytes(folder.File("b.jb2")), SmallJb2());
 }

@@ -1,4 +1,5 @@
-// What the program tells about itself: helps, version, man page, completions, and complaints about its words.
+// What the program tells about itself: helps, version, man page, completions, and complaints about
+// its words.
 #include <algorithm>
 
 #include "tests/run_kalvio.h"
@@ -19,8 +20,9 @@ const std::vector<std::string> kLanguages = {"en", "it"};
 
 // Characters that begin one: all bytes but those that go on with one.
 std::size_t CharacterCount(const std::string& line) {
-  return static_cast<std::size_t>(std::count_if(
-      line.begin(), line.end(), [](char c) { return (static_cast<unsigned char>(c) & 0xC0) != 0x80; }));
+  return static_cast<std::size_t>(std::count_if(line.begin(), line.end(), [](char c) {
+    return (static_cast<unsigned char>(c) & 0xC0) != 0x80;
+  }));
 }
 
 void ExpectFits(const std::string& text) {
@@ -155,7 +157,9 @@ TEST(Language, OfComplaintsIsChosenToo) {
   EXPECT_THAT(RunKalvio({"nonesuch", "--lang", "it"}).err, HasSubstr("comando"));
 }
 
-TEST(Language, UnknownOneIsBadUsage) { EXPECT_EQ(RunKalvio({"formats", "--lang", "fr"}).status, 2); }
+TEST(Language, UnknownOneIsBadUsage) {
+  EXPECT_EQ(RunKalvio({"formats", "--lang", "fr"}).status, 2);
+}
 
 TEST(BadUsage, NamesTheWordAndEndsWithStatusTwo) {
   const std::vector<std::pair<std::vector<std::string>, std::string>> cases = {
@@ -184,7 +188,8 @@ TEST(BadUsage, NamesTheWordAndEndsWithStatusTwo) {
 TEST(BadUsage, SuggestsWhatWasMeant) {
   EXPECT_THAT(RunKalvio({"convret"}).err, HasSubstr("did you mean \"convert\"?"));
   EXPECT_THAT(RunKalvio({"show", "--jsn", "."}).err, HasSubstr("did you mean \"--json\"?"));
-  EXPECT_THAT(RunKalvio({"call", "FimportJB2file"}).err, HasSubstr("did you mean \"FImportJB2File\"?"));
+  EXPECT_THAT(RunKalvio({"call", "FimportJB2file"}).err,
+              HasSubstr("did you mean \"FImportJB2File\"?"));
   EXPECT_THAT(RunKalvio({"nonesuch"}).err, Not(HasSubstr("did you mean")));
 }
 
@@ -199,19 +204,21 @@ TEST(ManPage, IsMadeFromTheTableOfOptions) {
   const std::string page = Page("man/man1/kalvio.1");
   EXPECT_EQ(page, RunKalvio({"--generate", "man"}).out);
   EXPECT_THAT(page, AllOf(StartsWith(".TH KALVIO 1"), HasSubstr(".SH EXIT STATUS")));
-  for (const std::string& command : kCommands) EXPECT_THAT(page, HasSubstr(".SS kalvio " + command));
+  for (const std::string& command : kCommands)
+    EXPECT_THAT(page, HasSubstr(".SS kalvio " + command));
   EXPECT_THAT(page, AllOf(HasSubstr("\\-\\-answers"), Not(HasSubstr("plot"))));
 }
 
 // What bash would offer for these words, of which the last is being typed.
 std::vector<std::string> Completions(const std::vector<std::string>& words) {
   const TemporaryFolder folder;
-  const std::string script = folder.Write("completions", Page("bash-completion/completions/kalvio"));
+  const std::string script =
+      folder.Write("completions", Page("bash-completion/completions/kalvio"));
   std::string typed;
   for (const std::string& word : words) typed += " '" + word + "'";
-  const Outcome run = RunProgram(
-      "bash", {"-c", ". '" + script + "'; COMP_WORDS=(kalvio" + typed +
-                         "); COMP_CWORD=$((${#COMP_WORDS[@]} - 1)); _kalvio; printf '%s\\n' \"${COMPREPLY[@]}\""});
+  const Outcome run = RunProgram("bash", {"-c", ". '" + script + "'; COMP_WORDS=(kalvio" + typed +
+                                                    "); COMP_CWORD=$((${#COMP_WORDS[@]} - 1)); "
+                                                    "_kalvio; printf '%s\\n' \"${COMPREPLY[@]}\""});
   EXPECT_EQ(run.status, 0);
   EXPECT_EQ(run.err, "");
   auto offered = Lines(run.out);

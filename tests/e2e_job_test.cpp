@@ -5,10 +5,8 @@ namespace e2e {
 namespace {
 
 using nlohmann::json;
-using testing::Contains;
 using testing::ElementsAre;
 using testing::HasSubstr;
-using testing::Not;
 
 class Job : public testing::Test {
  protected:
@@ -105,14 +103,15 @@ TEST_F(Job, JsonJobIsNeverWrittenUnlessSaveNamesIt) {
 }
 
 TEST_F(Job, SaveWritesAJsonDocument) {
-  EXPECT_EQ(Import({"--save", "saved.json"}).status, 0);
+  const std::string file = folder.Write("b.jb2", SmallJb2() + PointWithoutDistance());
+  EXPECT_EQ(Import({"--save", "saved.json"}, file).status, 0);
   const json job = json::parse(ReadBytes(folder.File("saved.json")));
   EXPECT_EQ(job["jobs"][0]["name"], "SITE");
   EXPECT_EQ(job["jobs"][0]["operator"], "Rossi");
-  const json& station = job["jobs"][0]["stations"][0];
-  EXPECT_EQ(station["instrumentHeight"], 1.5);
+  const json& station = job["jobs"][0]["stations"][1];
+  EXPECT_EQ(station["instrumentHeight"], 1.6);
   EXPECT_EQ(station["points"][0]["desc2"], "WALL");
-  EXPECT_EQ(station["points"][0]["slopeDistance"], 12.345);
+  EXPECT_EQ(station["points"][0]["slopeDistance"], 23.456);
   EXPECT_TRUE(station["points"][1]["slopeDistance"].is_null());
 }
 
@@ -129,8 +128,7 @@ TEST_F(Job, SaveLeavesTheJobFolderAsItWas) {
 }
 
 TEST_F(Job, SaveWritesWhateverTheCallReturned) {
-  const Outcome run =
-      RunKalvio({"call", "FImportJB2File", "--save", "saved.json"}, where);
+  const Outcome run = RunKalvio({"call", "FImportJB2File", "--save", "saved.json"}, where);
   EXPECT_EQ(run.status, 0);
   EXPECT_EQ(LastEvent(run.out), R"({"event":"returned","value":0})");
   EXPECT_EQ(JobCount("saved.json"), 0U);

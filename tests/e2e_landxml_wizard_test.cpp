@@ -98,8 +98,7 @@ TEST_F(LandXmlWizard, ButtonsCheckAndUncheckAllAndLeaveThePageOpen) {
 }
 
 TEST_F(LandXmlWizard, PositionThatIsNoneIsBadUsage) {
-  const Outcome run =
-      Run(R"([{"dialog": "landxml-survey", "set": {"jobs": [2]}, "press": ">>"}])");
+  const Outcome run = Run(R"([{"dialog": "landxml-survey", "set": {"jobs": [2]}, "press": ">>"}])");
   EXPECT_EQ(run.status, 2);
   EXPECT_THAT(run.err, HasSubstr("[2]"));
 }

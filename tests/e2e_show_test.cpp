@@ -7,7 +7,6 @@ namespace {
 using nlohmann::json;
 using testing::AllOf;
 using testing::Contains;
-using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::Not;
 using testing::StartsWith;
@@ -24,7 +23,7 @@ class Show : public testing::Test {
 };
 
 TEST_F(Show, FileIsShownAsAlignedTables) {
-  folder.Write("a.jb2", SmallJb2());
+  folder.Write("a.jb2", SmallJb2() + PointWithoutDistance());
   const Outcome run = Run({"a.jb2"});
   EXPECT_EQ(run.status, 0);
   EXPECT_EQ(run.err, "");
@@ -32,13 +31,13 @@ TEST_F(Show, FileIsShownAsAlignedTables) {
             "Job SITE: surveyor Rossi, instrument TS 5, date 01-02-2026\n"
             "  station  identification  instrument height  points\n"
             "  S1       nail                        1.500       2\n"
-            "  S2       peg                         1.600       1\n"
-            "In all: 1 job, 2 stations, 3 points\n"
+            "  S2       peg                         1.600       2\n"
+            "In all: 1 job, 2 stations, 4 points\n"
             "Extents in metres, stations included\n"
             "  coordinate     from  to  undefined\n"
-            "  x (east)          –   –          5\n"
-            "  y (north)         –   –          5\n"
-            "  z (elevation)     –   –          5\n"
+            "  x (east)          –   –          6\n"
+            "  y (north)         –   –          6\n"
+            "  z (elevation)     –   –          6\n"
             "1 point without distance\n");
 }
 
@@ -109,10 +108,10 @@ TEST_F(Show, FolderIsAJob) {
   std::filesystem::create_directory(folder.File("job.jb2"));
   folder.Write("a.jb2", SmallJb2());
   folder.Write("answers.json", ChoosePaths({folder.File("a.jb2")}));
-  ASSERT_EQ(RunKalvio({"call", "FImportJB2File", "--job", "job.jb2", "--answers", "answers.json"},
-                      where)
-                .status,
-            0);
+  ASSERT_EQ(
+      RunKalvio({"call", "FImportJB2File", "--job", "job.jb2", "--answers", "answers.json"}, where)
+          .status,
+      0);
   const std::string before = ReadBytes(folder.File("job.jb2/job.kalvio"));
   EXPECT_THAT(Run({"job.jb2"}).out, HasSubstr(std::string(kSmallInWords)));
   EXPECT_EQ(ReadBytes(folder.File("job.jb2/job.kalvio")), before);
@@ -158,8 +157,8 @@ TEST_F(Show, TakesOneJob) {
 TEST_F(Show, FullStandardOutputFails) {
   folder.Write("long.jb2", Jb2WithStations(5000));
   where.output = "/dev/full";
-  for (const auto& words : {std::vector<std::string>{"long.jb2"},
-                            std::vector<std::string>{"long.jb2", "--json"}}) {
+  for (const auto& words :
+       {std::vector<std::string>{"long.jb2"}, std::vector<std::string>{"long.jb2", "--json"}}) {
     const Outcome run = Run(words);
     EXPECT_EQ(run.status, 1);
     EXPECT_EQ(run.err, "kalvio: standard output cannot be written: No space left on device\n");

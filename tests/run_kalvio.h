@@ -25,8 +25,8 @@ struct Outcome {
 /// Where and how the program runs.
 struct Surroundings {
   std::string folder = "/";  ///< working directory
-  /// Variables on top of the test's own; nothing: not there. Messages are in English unless said otherwise here,
-  /// whatever the locale of the test; numbers and letters follow the test's locale.
+  /// Variables on top of the test's own; nothing: not there. Messages are in English unless said
+  /// otherwise here, whatever the locale of the test; numbers and letters follow the test's locale.
   std::map<std::string, std::optional<std::string>> variables = {};
   std::optional<std::string> output = {};  ///< a file that standard output goes to
   bool closedOutput = false;
@@ -41,8 +41,11 @@ Outcome RunProgram(const std::string& program, const std::vector<std::string>& w
 /// One JB2 line: letter, bar and fields, each with the separator after it, and a line end.
 std::string Jb2Line(char letter, std::initializer_list<std::string_view> fields);
 
-/// One job with two stations, S1 with two points and S2 with one.
+/// One job with two stations, S1 with two points and S2 with one. Exported again it has the same
+/// bytes.
 std::string SmallJb2();
+/// A point that was sighted but not measured; after SmallJb2 it belongs to S2.
+std::string PointWithoutDistance();
 /// "1 job, 2 stations, 3 points"
 inline constexpr std::string_view kSmallInWords = "1 job, 2 stations, 3 points";
 

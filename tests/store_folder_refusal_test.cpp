@@ -12,6 +12,7 @@ namespace {
 namespace fs = std::filesystem;
 using stored_jobs::ComplaintOfLoad;
 using stored_jobs::ComplaintOfSave;
+using stored_jobs::InWords;
 
 struct StoreFolderRefusal : testing::Test {
   TemporaryFolder folder;
@@ -32,19 +33,22 @@ struct StoreFolderRefusal : testing::Test {
   void Run(const char* sql) const {
     sqlite3* database = nullptr;
     ASSERT_EQ(sqlite3_open(file.c_str(), &database), SQLITE_OK);
-    EXPECT_EQ(sqlite3_exec(database, sql, nullptr, nullptr, nullptr), SQLITE_OK) << sqlite3_errmsg(database);
+    EXPECT_EQ(sqlite3_exec(database, sql, nullptr, nullptr, nullptr), SQLITE_OK)
+        << sqlite3_errmsg(database);
     sqlite3_close(database);
   }
 };
 
 TEST_F(StoreFolderRefusal, AFolderThatIsNotThere) {
-  EXPECT_EQ(ComplaintOfLoad(folder.File("none")), folder.File("none") + ": No such file or directory");
+  EXPECT_EQ(ComplaintOfLoad(folder.File("none")),
+            folder.File("none") + ": " + InWords(std::errc::no_such_file_or_directory));
 }
 
 TEST_F(StoreFolderRefusal, AFileInPlaceOfTheFolder) {
   const std::string path = folder.Write("file", "text");
   EXPECT_EQ(ComplaintOfLoad(path), path + ": this is a file, not a job folder");
-  EXPECT_EQ(ComplaintOfSave(path, document), path + ": the job folder cannot be made: Not a directory");
+  EXPECT_EQ(ComplaintOfSave(path, document),
+            path + ": the job folder cannot be made: " + InWords(std::errc::not_a_directory));
   EXPECT_EQ(ReadBytes(path), "text");
 }
 
@@ -89,7 +93,8 @@ TEST_F(StoreFolderRefusal, ADatabaseThatIsCutOff) {
   stored_jobs::FillWithPoints(large, 10'000);
   SaveJob(folder.Path(), large);
   fs::resize_file(file, fs::file_size(file) / 2);
-  EXPECT_TRUE(ComplaintOfLoad(folder.Path()).starts_with(file + ": database disk image is malformed"));
+  EXPECT_TRUE(
+      ComplaintOfLoad(folder.Path()).starts_with(file + ": database disk image is malformed"));
 }
 
 struct Damage {
@@ -108,17 +113,19 @@ TEST_P(StoreFolderDamage, IsNoticed) {
 constexpr const char* kBelongsToNothing = "the job is damaged: a record belongs to nothing";
 INSTANTIATE_TEST_SUITE_P(
     Each, StoreFolderDamage,
-    testing::Values(
-        Damage{"UPDATE gps_points SET month = 256", "the job is damaged: a value of \"month\" does not fit there"},
-        Damage{"UPDATE gps_points SET quality = 2147483648",
-               "the job is damaged: a value of \"quality\" does not fit there"},
-        Damage{"UPDATE points SET x = 'text'", "the job is damaged: a value of \"x\" does not fit there"},
-        Damage{"UPDATE points SET parent_station = 2", kBelongsToNothing},
-        Damage{"UPDATE points SET parent_job = -1", kBelongsToNothing},
-        Damage{"UPDATE known_points SET parent_group = 1", kBelongsToNothing},
-        Damage{"UPDATE current SET station_station = 2", "the job is damaged: what is current is not there"},
-        Damage{"DROP TABLE known_points", "no such table: known_points"},
-        Damage{"ALTER TABLE stations DROP COLUMN iden", "no such column: iden"}));
+    testing::Values(Damage{"UPDATE gps_points SET month = 256",
+                           "the job is damaged: a value of \"month\" does not fit there"},
+                    Damage{"UPDATE gps_points SET quality = 2147483648",
+                           "the job is damaged: a value of \"quality\" does not fit there"},
+                    Damage{"UPDATE points SET x = 'text'",
+                           "the job is damaged: a value of \"x\" does not fit there"},
+                    Damage{"UPDATE points SET parent_station = 2", kBelongsToNothing},
+                    Damage{"UPDATE points SET parent_job = -1", kBelongsToNothing},
+                    Damage{"UPDATE known_points SET parent_group = 1", kBelongsToNothing},
+                    Damage{"UPDATE current SET station_station = 2",
+                           "the job is damaged: what is current is not there"},
+                    Damage{"DROP TABLE known_points", "no such table: known_points"},
+                    Damage{"ALTER TABLE stations DROP COLUMN iden", "no such column: iden"}));
 
 TEST_F(StoreFolderRefusal, AHostThatRefusesAnAdd) {
   SaveFullJob();
@@ -130,11 +137,13 @@ TEST_F(StoreFolderRefusal, AHostThatRefusesAnAdd) {
 // A folder that nobody may write to can be read, and says so when it is to be written.
 TEST_F(StoreFolderRefusal, AFolderThatMayOnlyBeRead) {
   SaveFullJob();
-  for (const char* name : {kJobDatabaseName, kJobSettingsName}) fs::permissions(folder.File(name), fs::perms{0444});
+  for (const char* name : {kJobDatabaseName, kJobSettingsName})
+    fs::permissions(folder.File(name), fs::perms{0444});
   fs::permissions(folder.Path(), fs::perms{0555});
   {
     const OrdinaryUser user;
-    EXPECT_EQ(ComplaintOfSave(folder.Path(), document), file + ": attempt to write a readonly database");
+    EXPECT_EQ(ComplaintOfSave(folder.Path(), document),
+              file + ": attempt to write a readonly database");
     EXPECT_EQ(stored_jobs::JsonOfStored(folder.Path()), stored_jobs::kFullJob);
   }
   fs::permissions(folder.Path(), fs::perms::owner_all);
@@ -146,7 +155,8 @@ TEST_F(StoreFolderRefusal, AFolderThatMayNotBeEntered) {
   {
     const OrdinaryUser user;
     EXPECT_NE(ComplaintOfLoad(folder.Path()), "");
-    EXPECT_EQ(ComplaintOfSave(folder.Path(), document), file + ": unable to open database file: Permission denied");
+    EXPECT_EQ(ComplaintOfSave(folder.Path(), document),
+              file + ": unable to open database file: " + InWords(std::errc::permission_denied));
   }
   fs::permissions(folder.Path(), fs::perms::owner_all);
 }

@@ -7,6 +7,7 @@
 namespace {
 
 using stored_jobs::ComplaintOfSave;
+using stored_jobs::InWords;
 
 constexpr std::string_view kSettings = "; units of the whole crew\n[Misure]\nUnitaAngoli=1\n";
 
@@ -74,7 +75,8 @@ TEST_F(StoreFolderSettings, ThatCannotBeWrittenAreAnErrorAndTheJobIsSaved) {
   document.GetLibCmp()->AddJob(true)->SetNome("J");
   document.Settings().Set("A", "B", "1");
   EXPECT_EQ(ComplaintOfSave(folder.Path(), document),
-            file + ": cannot be created: Is a directory (the job itself was saved, only its settings were not)");
+            file + ": cannot be created: " + InWords(std::errc::is_a_directory) +
+                " (the job itself was saved, only its settings were not)");
   std::filesystem::remove(file);
   HostDocument copy;
   LoadJob(folder.Path(), copy);

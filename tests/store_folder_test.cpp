@@ -80,7 +80,8 @@ TEST(StoreFolder, MakesTheFolder) {
   EXPECT_EQ(JsonOfStored(folder.File("a\\b\\")), JsonOf(document));
 }
 
-// Ends this process in the middle of a save that is to put 100,000 points in place of what is in `folder`.
+// Ends this process in the middle of a save that is to put 100,000 points in place of what is in
+// `folder`.
 [[noreturn]] void DieInSave(const std::string& folder) {
   HostDocument document;
   stored_jobs::FillWithPoints(document, 100'000);
@@ -127,7 +128,8 @@ TEST(StoreFolder, AFirstSaveThatIsKilledLeavesAnEmptyJob) {
   EXPECT_EQ(JsonOfStored(folder.Path()), JsonOf(document));
 }
 
-// A disk that is full half-way, as a process sees it that may write no more than so much into a file.
+// A disk that is full half-way, as a process sees it that may write no more than so much into a
+// file.
 TEST(StoreFolder, AFullDiskLeavesThePreviousJob) {
   const TemporaryFolder folder;
   HostDocument document;

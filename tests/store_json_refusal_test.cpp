@@ -15,6 +15,7 @@ namespace {
 
 using stored_jobs::ComplaintOfLoad;
 using stored_jobs::ComplaintOfSave;
+using stored_jobs::InWords;
 
 // The complaint of a document, without the path of its file, which it must begin with.
 template <class Error = JobError>
@@ -39,14 +40,20 @@ TEST(StoreJsonRefusal, AKeyThatDoesNotBelongThereIsNamedWithItsPlace) {
   EXPECT_EQ(UnknownKey(R"({"":[]})"), "the document: unknown key \"\"");
   EXPECT_EQ(UnknownKey(R"({"jobs":[{},{"Name":""}]})"), "jobs[1]: unknown key \"Name\"");
   EXPECT_EQ(UnknownKey(R"({"jobs":[{"points":[]}]})"), "jobs[0]: unknown key \"points\"");
-  EXPECT_EQ(UnknownKey(R"({"jobs":[{"stations":[{},{"lat":1}]}]})"), "jobs[0].stations[1]: unknown key \"lat\"");
+  EXPECT_EQ(UnknownKey(R"({"jobs":[{"stations":[{},{"lat":1}]}]})"),
+            "jobs[0].stations[1]: unknown key \"lat\"");
   EXPECT_EQ(UnknownKey(R"({"jobs":[{"stations":[{},{},{"points":[{},{"x":1,"q":2}]}]}]})"),
             "jobs[0].stations[2].points[1]: unknown key \"q\"");
-  EXPECT_EQ(UnknownKey(R"({"gpsGroups":[{"stations":[]}]})"), "gpsGroups[0]: unknown key \"stations\"");
-  EXPECT_EQ(UnknownKey(R"({"gpsGroups":[{"points":[{"code3D":true}]}]})"), "gpsGroups[0].points[0]: unknown key \"code3D\"");
-  EXPECT_EQ(UnknownKey(R"({"knownGroups":[{"name":"a"}]})"), "knownGroups[0]: unknown key \"name\"");
-  EXPECT_EQ(UnknownKey(R"({"knownGroups":[{"points":[{"zenith":1}]}]})"), "knownGroups[0].points[0]: unknown key \"zenith\"");
-  EXPECT_EQ(UnknownKey(R"({"controlPoints":[{"points":[]}]})"), "controlPoints[0]: unknown key \"points\"");
+  EXPECT_EQ(UnknownKey(R"({"gpsGroups":[{"stations":[]}]})"),
+            "gpsGroups[0]: unknown key \"stations\"");
+  EXPECT_EQ(UnknownKey(R"({"gpsGroups":[{"points":[{"code3D":true}]}]})"),
+            "gpsGroups[0].points[0]: unknown key \"code3D\"");
+  EXPECT_EQ(UnknownKey(R"({"knownGroups":[{"name":"a"}]})"),
+            "knownGroups[0]: unknown key \"name\"");
+  EXPECT_EQ(UnknownKey(R"({"knownGroups":[{"points":[{"zenith":1}]}]})"),
+            "knownGroups[0].points[0]: unknown key \"zenith\"");
+  EXPECT_EQ(UnknownKey(R"({"controlPoints":[{"points":[]}]})"),
+            "controlPoints[0]: unknown key \"points\"");
   EXPECT_EQ(UnknownKey(R"({"current":{"job":0}})"), "current: unknown key \"job\"");
   EXPECT_EQ(UnknownKey(R"({"targets":{"terrain":0}})"), "targets: unknown key \"terrain\"");
 }
@@ -84,24 +91,32 @@ TEST(StoreJsonRefusal, AListOfANumberOfParts) {
   EXPECT_EQ(geocentric("[1,2]"), "gpsGroups[0].geocentric: expected a list of 3");
   EXPECT_EQ(geocentric("[]"), "gpsGroups[0].geocentric: expected a list of 3");
   EXPECT_EQ(geocentric("[1,2,3,4]"), "gpsGroups[0].geocentric[3]: expected a list of 3, found 4");
-  EXPECT_EQ(geocentric("[1,true,3]"), "gpsGroups[0].geocentric[1]: expected a number or null, found true");
+  EXPECT_EQ(geocentric("[1,true,3]"),
+            "gpsGroups[0].geocentric[1]: expected a number or null, found true");
   EXPECT_EQ(geocentric("[1,[2],3]"), "gpsGroups[0].geocentric[1]: a list does not belong here");
   EXPECT_EQ(geocentric("5"), "gpsGroups[0].geocentric: expected a list of 3, found 5");
   EXPECT_EQ(geocentric("{}"), "gpsGroups[0].geocentric: an object does not belong here");
   EXPECT_EQ(Complaint(R"({"knownGroups":[{"labels":[]}]})"), "none");
-  EXPECT_EQ(Complaint(R"({"knownGroups":[{"labels":["a"]}]})"), "knownGroups[0].labels: expected a list of 4");
-  EXPECT_EQ(Complaint(R"({"knownGroups":[{"labels":null}]})"), "knownGroups[0].labels: expected a list of 4, found null");
+  EXPECT_EQ(Complaint(R"({"knownGroups":[{"labels":["a"]}]})"),
+            "knownGroups[0].labels: expected a list of 4");
+  EXPECT_EQ(Complaint(R"({"knownGroups":[{"labels":null}]})"),
+            "knownGroups[0].labels: expected a list of 4, found null");
 }
 
 TEST(StoreJsonRefusal, ANumberOutsideOfItsField) {
   const auto gps = [](const std::string& member) {
     return Complaint(R"({"gpsGroups":[{"points":[{)" + member + "}]}]}");
   };
-  EXPECT_EQ(gps(R"("month":256)"), "gpsGroups[0].points[0].month: expected a whole number from 0 to 255, found 256");
-  EXPECT_EQ(gps(R"("day":-1)"), "gpsGroups[0].points[0].day: expected a whole number from 0 to 255, found -1");
-  EXPECT_EQ(gps(R"("year":65536)"), "gpsGroups[0].points[0].year: expected a whole number from 0 to 65535, found 65536");
-  EXPECT_EQ(gps(R"("year":2024.5)"), "gpsGroups[0].points[0].year: expected a whole number from 0 to 65535, found 2024.5");
-  EXPECT_EQ(gps(R"("gpsUsed":null)"), "gpsGroups[0].points[0].gpsUsed: expected a whole number from 0 to 255, found null");
+  EXPECT_EQ(gps(R"("month":256)"),
+            "gpsGroups[0].points[0].month: expected a whole number from 0 to 255, found 256");
+  EXPECT_EQ(gps(R"("day":-1)"),
+            "gpsGroups[0].points[0].day: expected a whole number from 0 to 255, found -1");
+  EXPECT_EQ(gps(R"("year":65536)"),
+            "gpsGroups[0].points[0].year: expected a whole number from 0 to 65535, found 65536");
+  EXPECT_EQ(gps(R"("year":2024.5)"),
+            "gpsGroups[0].points[0].year: expected a whole number from 0 to 65535, found 2024.5");
+  EXPECT_EQ(gps(R"("gpsUsed":null)"),
+            "gpsGroups[0].points[0].gpsUsed: expected a whole number from 0 to 255, found null");
   EXPECT_NE(gps(R"("glonassUsed":256)"), "none");
   EXPECT_NE(gps(R"("tod":4294967296)"), "none");
   EXPECT_NE(gps(R"("quality":2147483648)"), "none");
@@ -110,22 +125,26 @@ TEST(StoreJsonRefusal, ANumberOutsideOfItsField) {
   EXPECT_EQ(gps(R"("cov":[0,0,0,0,0,1e39])"),
             "gpsGroups[0].points[0].cov[5]: expected a number of single precision, found 1e+39");
   EXPECT_EQ(gps(R"("cov":[0,0,0,0,0,1e200])"), "none");  // undefined, in any precision
-  EXPECT_EQ(Complaint(R"({"jobs":[{"stations":[{"points":[{"dateTime":18446744073709551616}]}]}]})"),
-            "jobs[0].stations[0].points[0].dateTime: expected a whole number from 0 to 18446744073709551615, "
-            "found 18446744073709551616");
+  EXPECT_EQ(
+      Complaint(R"({"jobs":[{"stations":[{"points":[{"dateTime":18446744073709551616}]}]}]})"),
+      "jobs[0].stations[0].points[0].dateTime: expected a whole number from 0 to "
+      "18446744073709551615, "
+      "found 18446744073709551616");
   EXPECT_NE(Complaint(R"({"targets":{"cmp":2147483648}})"), "none");
   EXPECT_NE(Complaint(R"({"settings":{"A":{"B":9223372036854775808}}})"), "none");
 }
 
 TEST(StoreJsonRefusal, ANumberThatNoDoubleHolds) {
-  EXPECT_EQ(Complaint(R"({"controlPoints":[{"y":-1e400}]})"), "controlPoints[0].y: the number is too large: -1e400");
+  EXPECT_EQ(Complaint(R"({"controlPoints":[{"y":-1e400}]})"),
+            "controlPoints[0].y: the number is too large: -1e400");
   EXPECT_EQ(Complaint(R"({"gpsGroups":[{"geocentric":[0,1e400,0]}]})"),
             "gpsGroups[0].geocentric[1]: the number is too large: 1e400");
 }
 
 TEST(StoreJsonRefusal, WhatIsCurrentMustBeThere) {
   const auto current = [](const std::string& members) {
-    return Complaint(R"({"jobs":[{"stations":[{}]}],"gpsGroups":[{}],"current":{)" + members + "}}");
+    return Complaint(R"({"jobs":[{"stations":[{}]}],"gpsGroups":[{}],"current":{)" + members +
+                     "}}");
   };
   EXPECT_EQ(current(R"("station":[0,0],"gpsGroup":0)"), "none");
   EXPECT_EQ(current(R"("station":[0,1])"), "current.station: there is no such station");
@@ -166,7 +185,8 @@ TEST(StoreJsonRefusal, SectionsOfLibrariesThatAreNotThere) {
 
 TEST(StoreJsonRefusal, AHostThatRefusesAnAdd) {
   const TemporaryFolder folder;
-  const std::string path = folder.Write("job.json", R"({"jobs":[{"stations":[{"points":[{},{}]}]}]})");
+  const std::string path =
+      folder.Write("job.json", R"({"jobs":[{"stations":[{"points":[{},{}]}]}]})");
   HostDocument document;
   RefuseAfter policy(3);
   document.GetLibCmp()->SetAddPolicy(&policy);
@@ -176,9 +196,12 @@ TEST(StoreJsonRefusal, AHostThatRefusesAnAdd) {
 TEST(StoreJsonRefusal, FilesThatCannotBeRead) {
   const TemporaryFolder folder;
   EXPECT_EQ(ComplaintOfLoad(folder.File("none.json")),
-            folder.File("none.json") + ": cannot be opened: No such file or directory");
+            folder.File("none.json") +
+                ": cannot be opened: " + InWords(std::errc::no_such_file_or_directory));
   std::filesystem::create_directory(folder.File("folder.json"));
-  EXPECT_EQ(ComplaintOfLoad(folder.File("folder.json")), folder.File("folder.json") + ": cannot be opened: Is a directory");
+  EXPECT_EQ(
+      ComplaintOfLoad(folder.File("folder.json")),
+      folder.File("folder.json") + ": cannot be opened: " + InWords(std::errc::is_a_directory));
 }
 
 TEST(StoreJsonRefusal, AFailedSaveLeavesThePreviousJob) {
@@ -189,14 +212,17 @@ TEST(StoreJsonRefusal, AFailedSaveLeavesThePreviousJob) {
   HostDocument document;
   {
     const OrdinaryUser user;
-    EXPECT_EQ(ComplaintOfSave(path, document), path + ": cannot be created: Permission denied");
+    EXPECT_EQ(ComplaintOfSave(path, document),
+              path + ": cannot be created: " + InWords(std::errc::permission_denied));
   }
   EXPECT_EQ(ReadBytes(path), stored_jobs::kFullJob);
   EXPECT_EQ(ComplaintOfSave(folder.File("none/job.json"), document),
-            folder.File("none/job.json") + ": cannot be created: No such file or directory");
+            folder.File("none/job.json") +
+                ": cannot be created: " + InWords(std::errc::no_such_file_or_directory));
 }
 
-// A disk that is full half-way, as a process sees it that may write no more than so much into a file.
+// A disk that is full half-way, as a process sees it that may write no more than so much into a
+// file.
 TEST(StoreJsonRefusal, AFullDiskLeavesThePreviousJob) {
   const TemporaryFolder folder;
   const std::string path = folder.Write("job.json", stored_jobs::kFullJob);
@@ -208,7 +234,7 @@ TEST(StoreJsonRefusal, AFullDiskLeavesThePreviousJob) {
     HostDocument document;
     stored_jobs::FillWithPoints(document, 10'000);
     const std::string complaint = ComplaintOfSave(path, document);
-    _exit(complaint == path + ": cannot be written: File too large" ? 0 : 1);
+    _exit(complaint == path + ": cannot be written: " + InWords(std::errc::file_too_large) ? 0 : 1);
   }
   int status = 0;
   ASSERT_EQ(waitpid(child, &status, 0), child);

@@ -235,16 +235,18 @@ TEST_F(StoreJson, WhatIsLeftOutHasItsDefault) {
 }
 
 TEST_F(StoreJson, WhatAnObjectHoldsDoesNotReachTheNextOne) {
-  Read(R"({"gpsGroups":[{"groupName":"a","geocentric":[1,2,3],"points":[{"cov":[1,2,3,4,5,6]},{}]},{}]})",
-       document);
+  Read(
+      R"({"gpsGroups":[{"groupName":"a","geocentric":[1,2,3],"points":[{"cov":[1,2,3,4,5,6]},{}]},{}]})",
+      document);
   EXPECT_EQ(gps.GetGrpAt(1)->GetNomeGrp(), "");
   EXPECT_EQ(gps.GetPunAt(0, 1)->GetPosCov_xx(), UndefinedFloat);
 }
 
 TEST_F(StoreJson, NullIsUndefinedWhereverANumberWithDecimalsStands) {
-  Read(R"({"controlPoints":[{"x":null}],"gpsGroups":[{"baseAntennaHeight":null,"geocentric":[1,null,3],
+  Read(
+      R"({"controlPoints":[{"x":null}],"gpsGroups":[{"baseAntennaHeight":null,"geocentric":[1,null,3],
            "points":[{"cov":null,"geocentric":null},{"cov":[null,2,null,4,5,6]}]}]})",
-       document);
+      document);
   EXPECT_FALSE(surveys.GetOriAt(0)->IsValidX());
   EXPECT_EQ(gps.GetGrpAt(0)->GetBaseAltAnt(), UndefinedValue);
   EXPECT_NE(JsonOf(document).find(R"("geocentric": [1, null, 3])"), std::string::npos);
@@ -262,8 +264,17 @@ TEST_F(StoreJson, NumbersThatAreNoneBecomeNull) {
 }
 
 TEST_F(StoreJson, KeepsEveryBitOfANumber) {
-  const double values[] = {-0.0, 5e-324, -5e-324, 2.2250738585072014e-308, -1e308, 0.1, 1.0 / 3, 1e22, 1e23,
-                           9007199254740993.0, std::nextafter(8.5e199, 0)};
+  const double values[] = {-0.0,
+                           5e-324,
+                           -5e-324,
+                           2.2250738585072014e-308,
+                           -1e308,
+                           0.1,
+                           1.0 / 3,
+                           1e22,
+                           1e23,
+                           9007199254740993.0,
+                           std::nextafter(8.5e199, 0)};
   for (const double value : values) surveys.AddOri(true)->SetCoord(value, -value, 0.5);
   HostDocument copy;
   Read(JsonOf(document), copy);
@@ -274,7 +285,9 @@ TEST_F(StoreJson, KeepsEveryBitOfANumber) {
 }
 
 TEST_F(StoreJson, ReadsNumbersHoweverTheyAreWritten) {
-  Read(R"({"controlPoints":[{"x":1e2,"y":1.50,"z":-3},{"x":18446744073709551616,"y":1E-400,"z":1e250}]})", document);
+  Read(
+      R"({"controlPoints":[{"x":1e2,"y":1.50,"z":-3},{"x":18446744073709551616,"y":1E-400,"z":1e250}]})",
+      document);
   EXPECT_EQ(surveys.GetOriAt(0)->GetCoordX(), 100);
   EXPECT_EQ(surveys.GetOriAt(0)->GetCoordY(), 1.5);
   EXPECT_EQ(surveys.GetOriAt(0)->GetCoordZ(), -3);
@@ -304,7 +317,8 @@ TEST_F(StoreJson, BytesThatAreNoUtf8BecomeReplacementCharacters) {
 
 TEST_F(StoreJson, SettingsAreNumbersFlagsOrTexts) {
   JobSettings& settings = document.Settings();
-  for (const char* text : {"12", "-3", "007", "+5", "-0", "99999999999999999999", "1.5", "", "a\"b"}) {
+  for (const char* text :
+       {"12", "-3", "007", "+5", "-0", "99999999999999999999", "1.5", "", "a\"b"}) {
     settings.Set("S", text, text);
   }
   settings.Set("Flags", "on", "true");
@@ -334,14 +348,17 @@ TEST_F(StoreJson, SettingsAreNumbersFlagsOrTexts) {
 
 TEST_F(StoreJson, EmptySectionsOfLibrariesThatAreNotThereAreAccepted) {
   Read(R"({"terrain":[],"roads":[],"gis":{},"cadastral":null,"drawing":{}})", document);
-  Read(R"({"terrain":null,"roads":{},"gis":null,"cadastral":[],"drawing":[],"current":null,"targets":null,
+  Read(
+      R"({"terrain":null,"roads":{},"gis":null,"cadastral":[],"drawing":[],"current":null,"targets":null,
            "settings":null})",
-       document);
+      document);
   EXPECT_EQ(surveys.GetJobArSize(), 0);
 }
 
 TEST_F(StoreJson, WhatIsCurrentMayComeFirst) {
-  Read(R"({"current":{"station":[0,0]},"jobs":[{"stations":[{"name":"S"}],"name":"after its stations"}]})", document);
+  Read(
+      R"({"current":{"station":[0,0]},"jobs":[{"stations":[{"name":"S"}],"name":"after its stations"}]})",
+      document);
   EXPECT_EQ(surveys.GetCurrSta(), surveys.GetStaAt(0, 0));
   EXPECT_EQ(surveys.GetJobAt(0)->GetNome(), "after its stations");
   EXPECT_EQ(gps.GetCurrGrp(), nullptr);

@@ -13,6 +13,6 @@ struct Answer {
   std::string press;
 };
 
-/// Answers in the order in which they are given. Throws Failure (bad usage), with file and line, for a file that
-/// cannot be read, is no list of answers, or has a key that does not belong there.
+/// Answers in the order in which they are given. Throws Failure (bad usage), with file and line,
+/// for a file that cannot be read, is no list of answers, or has a key that does not belong there.
 std::deque<Answer> ReadAnswers(const std::string& path);

@@ -40,7 +40,9 @@ std::string_view CommandName(const Arguments& arguments) {
 std::vector<std::string_view> OptionNames(std::string_view command) {
   std::vector<std::string_view> names;
   for (const OptionRow& row : OptionTable()) {
-    if (row.BelongsTo(command) && row.IsShown() && !row.IsPositional()) names.emplace_back(row.name);
+    if (row.BelongsTo(command) && row.IsShown() && !row.IsPositional()) {
+      names.emplace_back(row.name);
+    }
   }
   return names;
 }
@@ -78,8 +80,8 @@ bool TakesNextWord(const std::string& word) {
   });
 }
 
-// The command is the first word that is neither an option nor the value of one. Its position; the number of words
-// when there is none.
+// The command is the first word that is neither an option nor the value of one. Its position; the
+// number of words when there is none.
 std::size_t CommandPosition(const std::vector<std::string>& words) {
   std::size_t i = 0;
   while (i < words.size() && IsOption(words[i])) i += TakesNextWord(words[i]) ? 2 : 1;
@@ -112,8 +114,8 @@ std::string_view WithoutDashes(std::string_view name) {
   return name.substr(std::min(name.find_first_not_of('-'), name.size()));
 }
 
-// What the parser calls a mismatch is a value that is missing, or one for a flag. It names the option first, a flag
-// without its dashes.
+// What the parser calls a mismatch is a value that is missing, or one for a flag. It names the
+// option first, a flag without its dashes.
 [[noreturn]] void RefuseMismatch(std::string_view what, const std::vector<Slot>& slots) {
   const std::string_view name = WithoutDashes(what.substr(0, what.find_first_of(": ")));
   for (const Slot& slot : slots) {
@@ -143,10 +145,10 @@ void CheckChoice(const OptionRow& row, const std::string& value) {
   if (std::find(allowed.begin(), allowed.end(), value) != allowed.end()) return;
   // A language may be called as locales are: it_IT.UTF-8.
   if (row.name == kLanguage && SetLanguage(value)) return;
-  throw BadUsage(Fill(Xlate("{1} must be one of {2}, not \"{3}\""),
-                      {row.name, tdk::WString(CLI::detail::join(allowed, ", ")),
-                       tdk::WString(value)})
-                     .ToUtf8());
+  throw BadUsage(
+      Fill(Xlate("{1} must be one of {2}, not \"{3}\""),
+           {row.name, tdk::WString(CLI::detail::join(allowed, ", ")), tdk::WString(value)})
+          .ToUtf8());
 }
 
 void Store(const Slot& slot, Arguments& arguments) {

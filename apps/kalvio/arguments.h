@@ -25,8 +25,8 @@ class Arguments {
   std::map<std::string, std::vector<std::string>, std::less<>> values_;
 };
 
-/// The language that the words choose, wherever they do; known before anything else, so that complaints about the
-/// other words are in it.
+/// The language that the words choose, wherever they do; known before anything else, so that
+/// complaints about the other words are in it.
 std::optional<std::string> ChosenLanguage(const std::vector<std::string>& words);
 
 /// Takes the words apart; throws Failure (bad usage).

@@ -26,7 +26,8 @@ CallOptions ReadOptions(const std::vector<std::string>& words) {
   return options;
 }
 
-// Top-level windows of the script's. They are there before the module is loaded: it looks for them while that happens.
+// Top-level windows of the script's. They are there before the module is loaded: it looks for them
+// while that happens.
 class Windows {
  public:
   Windows(const std::vector<std::string>& names, ScriptedViews& views) : names_(names) {
@@ -88,9 +89,8 @@ void TellAnswersLeft(const std::deque<Answer>& left) {
 
 void CheckFunction(const std::string& name) {
   if (IsModuleFunction(name)) return;
-  throw BadUsage(
-      Fill(Xlate("the module has no function \"{1}\""), {tdk::WString(name)}).ToUtf8() +
-      SuggestedWord(name, ModuleFunctions()));
+  throw BadUsage(Fill(Xlate("the module has no function \"{1}\""), {tdk::WString(name)}).ToUtf8() +
+                 SuggestedWord(name, ModuleFunctions()));
 }
 
 }  // namespace

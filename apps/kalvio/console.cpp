@@ -44,7 +44,8 @@ void Flush(Output& output) {
 }  // namespace
 
 void SecureStreams() {
-  // The place holder of an output is open for reading, so writing to it fails as it would have without it.
+  // The place holder of an output is open for reading, so writing to it fails as it would have
+  // without it.
   for (const int stream : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO}) {
     if (fcntl(stream, F_GETFD) == -1 && errno == EBADF) {
       static_cast<void>(open("/dev/null", O_RDONLY));

@@ -10,8 +10,9 @@
 
 namespace console {
 
-/// To be called first of all. A standard stream that is closed gets a place holder, so that no file of a job can
-/// take its number, and a reader that goes away becomes an error of the next write instead of ending the process.
+/// To be called first of all. A standard stream that is closed gets a place holder, so that no file
+/// of a job can take its number, and a reader that goes away becomes an error of the next write
+/// instead of ending the process.
 void SecureStreams();
 
 /// Appends to standard output. A failure is remembered for FinishOutput.

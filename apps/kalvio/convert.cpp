@@ -26,8 +26,8 @@ bool IsSameFile(const std::string& first, const std::string& second) {
   return one == other || std::filesystem::equivalent(one, other, error);
 }
 
-// All that can be wrong with the names is found before anything is read: first bad usage, then formats that this
-// version lacks.
+// All that can be wrong with the names is found before anything is read: first bad usage, then
+// formats that this version lacks.
 Files CheckedFiles(const Arguments& arguments) {
   Files files{arguments.words, arguments.words.back()};
   files.inputs.pop_back();
@@ -102,10 +102,9 @@ void Export(const Files& files, const Module& module, HostDocument& document,
             const Summary& summary, ProgressLine& progress) {
   Exchange out = ExportFile(module, files.output, document, progress);
   if (!out.leftBack.IsNothing()) {
-    out.remarks.push_back(
-        Fill(Xlate("left out, for such a file cannot hold it: {1}"),
-             {tdk::WString(InWords(out.leftBack))})
-            .ToUtf8());
+    out.remarks.push_back(Fill(Xlate("left out, for such a file cannot hold it: {1}"),
+                               {tdk::WString(InWords(out.leftBack))})
+                              .ToUtf8());
   }
   summary.TellWrote(files.output, InWords(out.counts) + SizeInWords(files.output));
   TellRemarks(files.output, out.remarks);
@@ -120,7 +119,8 @@ int RunConvert(const Arguments& arguments) {
   const Summary summary(arguments.Has("--quiet"));
   ProgressLine progress(WantsProgress(arguments));
   progress.Begin(job.value_or(""));
-  JobSession session(job, [&](std::uint64_t done, std::uint64_t total) { progress.Show(done, total); });
+  JobSession session(job,
+                     [&](std::uint64_t done, std::uint64_t total) { progress.Show(done, total); });
   progress.Clear();
   const Module module;
   Import(files, module, session.Document(), summary, progress);

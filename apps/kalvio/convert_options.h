@@ -3,5 +3,6 @@
 
 #include "arguments.h"
 
-/// Throws Failure (bad usage) for columns, widths, a number of rows or a reference system that cannot be.
+/// Throws Failure (bad usage) for columns, widths, a number of rows or a reference system that
+/// cannot be.
 void CheckLayoutOptions(const Arguments& arguments);

@@ -41,9 +41,9 @@ constexpr std::array kDialogs = {
 }  // namespace
 
 int ConvertViews::ShowDialog(Dialog& dialog) {
-  const auto* const row = std::find_if(kDialogs.begin(), kDialogs.end(), [&](const DialogRow& each) {
-    return each.dialog == dialog.Name();
-  });
+  const auto* const row =
+      std::find_if(kDialogs.begin(), kDialogs.end(),
+                   [&](const DialogRow& each) { return each.dialog == dialog.Name(); });
   if (row != kDialogs.end() && row->fill(dialog, path_)) {
     if (const auto code = dialog.Press(row->press)) return *code;
   }

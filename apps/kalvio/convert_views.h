@@ -18,7 +18,9 @@ class ConvertViews : public HostViews {
   int ShowMessage(const tdk::WString& caption, const tdk::WString& text, unsigned flags) override;
   void StartWait() override {}
   void EndWait() override {}
-  void ShowProgress(std::uint64_t done, std::uint64_t total) override { progress_.Show(done, total); }
+  void ShowProgress(std::uint64_t done, std::uint64_t total) override {
+    progress_.Show(done, total);
+  }
   void TakeNote(const ExchangeNote& note) override { notes_.push_back(note.text.ToUtf8()); }
 
   /// What the exchange left out, in words.

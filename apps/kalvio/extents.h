@@ -19,8 +19,8 @@ struct Extent {
 };
 
 struct Extents {
-  std::array<Extent, 3> axes;  ///< easting, northing, elevation
-  std::uint64_t points = 0;    ///< of all kinds, stations and GPS bases included
+  std::array<Extent, 3> axes;         ///< easting, northing, elevation
+  std::uint64_t points = 0;           ///< of all kinds, stations and GPS bases included
   std::uint64_t withoutDistance = 0;  ///< observed from a station, but without a slope distance
 
   void Add(const CEgn& point);

@@ -39,11 +39,10 @@ class TroubleScope {
   platform::FileTroubleListener previous_;
 };
 
-std::string NameOf(const std::string& path) {
-  return std::string(platform::FileName(path));
-}
+std::string NameOf(const std::string& path) { return std::string(platform::FileName(path)); }
 
-// Runs one function of the module on one file and gives back what it said; throws Failure when it did not succeed.
+// Runs one function of the module on one file and gives back what it said; throws Failure when it
+// did not succeed.
 std::vector<std::string> Run(const Module& module, const char* function, const std::string& path,
                              HostDocument& document, ProgressLine& progress) {
   const TroubleScope trouble;
@@ -51,8 +50,7 @@ std::vector<std::string> Run(const Module& module, const char* function, const s
   ConvertViews views(absolute, progress);
   CWnd window(&views);
   progress.Begin(NameOf(path));
-  const CallResult result =
-      module.Call(function, window, document, {"kalvio", KALVIO_VERSION});
+  const CallResult result = module.Call(function, window, document, {"kalvio", KALVIO_VERSION});
   progress.Clear();
   std::vector<std::string> said = views.Messages();
   if (const std::string reason = trouble.Reason(absolute); !reason.empty()) {
@@ -63,7 +61,8 @@ std::vector<std::string> Run(const Module& module, const char* function, const s
   throw Failed(path, said.empty() ? Xlate("the module refused it").ToUtf8() : said.front());
 }
 
-// What the module would not tell: it takes a file that is not there, or holds nothing, for one without records.
+// What the module would not tell: it takes a file that is not there, or holds nothing, for one
+// without records.
 void CheckInput(const std::string& path) {
   const std::string file = platform::NativePath(path);
   std::error_code error;
@@ -89,8 +88,8 @@ Exchange ImportFile(const Module& module, const std::string& path, HostDocument&
   exchange.remarks = Run(module, format.importFunction, path, document, progress);
   exchange.counts = CountsOf(document) - before;
   if (exchange.counts.IsNothing()) {
-    throw Failed(path, Fill(Xlate("nothing was imported: no {1} record in it"), {format.name})
-                           .ToUtf8());
+    throw Failed(path,
+                 Fill(Xlate("nothing was imported: no {1} record in it"), {format.name}).ToUtf8());
   }
   return exchange;
 }

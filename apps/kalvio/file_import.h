@@ -9,8 +9,8 @@
 #include "progress_line.h"
 
 struct Exchange {
-  Counts counts;    ///< what came in, or went out
-  Counts leftBack;  ///< export: what the job holds but such a file does not
+  Counts counts;                     ///< what came in, or went out
+  Counts leftBack;                   ///< export: what the job holds but such a file does not
   std::vector<std::string> remarks;  ///< what the module said on the way
 };
 

@@ -21,7 +21,8 @@ struct Entry {
 
 std::string Translated(const char* text) { return Xlate(text).ToUtf8(); }
 
-// Labels with their texts beside them. A label that is wider than the others may be stands on a line of its own.
+// Labels with their texts beside them. A label that is wider than the others may be stands on a
+// line of its own.
 std::string Entries(const std::vector<Entry>& entries) {
   std::size_t widest = 0;
   for (const Entry& entry : entries) {
@@ -65,7 +66,8 @@ std::string HelpOf(const OptionRow& row) {
 std::vector<Entry> OptionEntries(std::string_view command) {
   std::vector<Entry> entries;
   for (const OptionRow& row : OptionTable()) {
-    if (row.BelongsTo(command) && row.IsShown()) entries.push_back({NameWithValue(row), HelpOf(row)});
+    if (row.BelongsTo(command) && row.IsShown())
+      entries.push_back({NameWithValue(row), HelpOf(row)});
   }
   return entries;
 }
@@ -80,15 +82,16 @@ std::string Statuses(std::span<const int> statuses) {
   std::vector<Entry> entries;
   for (const StatusRow& row : StatusTable()) {
     if (std::find(statuses.begin(), statuses.end(), row.status) == statuses.end()) continue;
-    entries.push_back({console::Number(static_cast<std::uint64_t>(row.status)),
-                       Translated(row.help)});
+    entries.push_back(
+        {console::Number(static_cast<std::uint64_t>(row.status)), Translated(row.help)});
   }
   return Entries(entries);
 }
 
 std::string FunctionNames() {
   std::string names;
-  for (const std::string_view name : ModuleFunctions()) names.append(names.empty() ? "" : " ").append(name);
+  for (const std::string_view name : ModuleFunctions())
+    names.append(names.empty() ? "" : " ").append(name);
   return std::string(kIndent) + Wrapped(names, kScreenWidth, kIndent.size());
 }
 
@@ -102,16 +105,16 @@ std::string ProgramHelp() {
   return Translated(ToXlate("Usage: kalvio COMMAND [options]")) + "\n\n" +
          Wrapped(Translated(ToXlate("Brings field-survey jobs in and out of their file formats.")),
                  kScreenWidth, 0) +
-         Heading(ToXlate("Commands:")) + Entries(commands) +
-         Heading(ToXlate("Options:")) + Entries(OptionEntries("")) +
-         Heading(ToXlate("Examples:")) + Examples(ProgramExamples()) + "\n" +
+         Heading(ToXlate("Commands:")) + Entries(commands) + Heading(ToXlate("Options:")) +
+         Entries(OptionEntries("")) + Heading(ToXlate("Examples:")) + Examples(ProgramExamples()) +
+         "\n" +
          Wrapped(Translated(ToXlate("kalvio COMMAND --help tells more about a command.")),
                  kScreenWidth, 0);
 }
 
 std::string CommandHelp(const CommandRow& command) {
-  std::string text = Translated(ToXlate("Usage:")) + " kalvio " + command.name + ' ' +
-                     command.synopsis + "\n\n";
+  std::string text =
+      Translated(ToXlate("Usage:")) + " kalvio " + command.name + ' ' + command.synopsis + "\n\n";
   if (!command.IsShown()) {
     return text + Translated(ToXlate("plot is not available in this version")) + ".\n";
   }

@@ -24,7 +24,8 @@ std::string Metres(double value) {
   return IsDefined(value) ? Text(StringDaDouble(value, 0, 3)) : "–";
 }
 
-// A list of the job: at most so many of its elements unless all are wanted, and a line about the rest.
+// A list of the job: at most so many of its elements unless all are wanted, and a line about the
+// rest.
 class List {
  public:
   List(int size, bool all) : size_(size), shown_(all ? size : std::min(size, kShown)) {}
@@ -63,10 +64,10 @@ void ReportJobs(const CLibCmp& library, bool all) {
   const List list(library.GetJobArSize(), all);
   for (int i = 0; i < list.Shown(); ++i) {
     const CJob& job = *library.GetJobAt(i);
-    const auto line = Fill(Xlate("Job {1}: surveyor {2}, instrument {3}, date {4}"),
-                           {tdk::WString(OrDash(job.GetNome())), tdk::WString(OrDash(job.GetOper())),
-                            tdk::WString(OrDash(job.GetStrum())),
-                            tdk::WString(OrDash(job.GetData()))});
+    const auto line =
+        Fill(Xlate("Job {1}: surveyor {2}, instrument {3}, date {4}"),
+             {tdk::WString(OrDash(job.GetNome())), tdk::WString(OrDash(job.GetOper())),
+              tdk::WString(OrDash(job.GetStrum())), tdk::WString(OrDash(job.GetData()))});
     console::Out(Printable(line.ToUtf8()) + "\n");
     ReportStations(library, i, all);
   }
@@ -83,7 +84,8 @@ void ReportGpsGroups(const CLibGps& library, bool all) {
   if (library.GetGrpArSize() == 0) return;
   const List list(library.GetGrpArSize(), all);
   Table table({Align::kLeft, Align::kLeft, Align::kLeft, Align::kRight}, kIndent);
-  table.Add({Text(Xlate("group")), Text(Xlate("base")), Text(Xlate("date")), Text(Xlate("points"))});
+  table.Add(
+      {Text(Xlate("group")), Text(Xlate("base")), Text(Xlate("date")), Text(Xlate("points"))});
   for (int i = 0; i < list.Shown(); ++i) {
     const CGrpGps& group = *library.GetGrpAt(i);
     table.Add({OrDash(group.GetNomeGrp()), OrDash(group.GetNome()), OrDash(group.GetData()),
@@ -113,8 +115,8 @@ void ReportExtents(const Extents& extents) {
   const tdk::WString names[] = {Xlate("x (east)"), Xlate("y (north)"), Xlate("z (elevation)")};
   for (std::size_t i = 0; i < extents.axes.size(); ++i) {
     const Extent& axis = extents.axes[i];
-    table.Add({Text(names[i]), Metres(axis.least), Metres(axis.most),
-               console::Number(axis.undefined)});
+    table.Add(
+        {Text(names[i]), Metres(axis.least), Metres(axis.most), console::Number(axis.undefined)});
   }
   console::Out(Text(Xlate("Extents in metres, stations included")) + "\n" + table.Text());
   if (extents.withoutDistance == 0) return;

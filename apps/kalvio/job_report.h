@@ -3,5 +3,6 @@
 
 class HostDocument;
 
-/// Prints it on standard output. `all`: lists in full; else a long list is cut, and tells by how much.
+/// Prints it on standard output. `all`: lists in full; else a long list is cut, and tells by how
+/// much.
 void ReportJob(HostDocument& document, bool all);

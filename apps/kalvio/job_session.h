@@ -21,8 +21,9 @@ class JobSession {
 
   HostDocument& Document() { return document_; }
 
-  /// After a call: writes the job where `save` says; without it, a job folder keeps what a successful call changed. A
-  /// job folder keeps changed settings in any case, a .json document nothing.
+  /// After a call: writes the job where `save` says; without it, a job folder keeps what a
+  /// successful call changed. A job folder keeps changed settings in any case, a .json document
+  /// nothing.
   void Keep(const std::optional<std::string>& save, bool succeeded);
 
  private:

@@ -16,7 +16,7 @@ struct CallOptions {
 };
 
 struct CallResult {
-  std::optional<int> value;         ///< nothing: the function returns nothing
+  std::optional<int> value;          ///< nothing: the function returns nothing
   std::optional<tdk::WString> path;  ///< of an image import that was confirmed
 };
 
@@ -26,7 +26,8 @@ bool IsModuleFunction(std::string_view name);
 
 class Module {
  public:
-  /// Loads the module: the file that KALVIO_MODULE names, else the one installed with this program. Throws Failure.
+  /// Loads the module: the file that KALVIO_MODULE names, else the one installed with this program.
+  /// Throws Failure.
   Module();
   ~Module();
   Module(const Module&) = delete;

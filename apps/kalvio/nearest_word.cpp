@@ -13,7 +13,8 @@ constexpr std::size_t kLongestWord = 40;
 
 char Lower(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; }
 
-// How many letters must be put in, taken out or changed to make one word the other, letter case ignored.
+// How many letters must be put in, taken out or changed to make one word the other, letter case
+// ignored.
 std::size_t Distance(std::string_view first, std::string_view second) {
   std::vector<std::size_t> row(second.size() + 1);
   std::iota(row.begin(), row.end(), std::size_t{0});

@@ -11,7 +11,8 @@ namespace {
 
 constexpr std::size_t kAny = std::numeric_limits<std::size_t>::max();
 
-// The layout options of "convert" have no effect on the formats of this version, so no help shows them.
+// The layout options of "convert" have no effect on the formats of this version, so no help shows
+// them.
 constexpr const char* kNotShown = nullptr;
 constexpr const char* kNoFallback = nullptr;
 
@@ -93,7 +94,8 @@ constexpr auto kStatuses = std::to_array<StatusRow>({
 });
 
 constexpr auto kCommands = std::to_array<CommandRow>({
-    {"convert", "[OPTION]... INPUT... OUTPUT", ToXlate("Converts survey files into another format."),
+    {"convert", "[OPTION]... INPUT... OUTPUT",
+     ToXlate("Converts survey files into another format."),
      ToXlate("Reads every input into one job and writes the output; extensions say the formats."),
      kConvertExamples, kUsualStatuses, 2, kAny},
     {"show", "[OPTION]... JOB|FILE", ToXlate("Shows what a job or a survey file holds."),

@@ -1,4 +1,5 @@
-// What the program can be told: the one table behind the parser, the helps, the man page and the completions.
+// What the program can be told: the one table behind the parser, the helps, the man page and the
+// completions.
 #pragma once
 
 #include <span>
@@ -6,11 +7,12 @@
 
 /// One option, flag or positional word of a command.
 struct OptionRow {
-  const char* command;   ///< "*": of every command; "": of the program alone
-  const char* name;      ///< "--job", or "INPUT" for a positional word
-  const char* value;     ///< what the value is called, with "|" between its choices; null: a flag
-  const char* help;      ///< to be translated; null: not shown
-  const char* fallback;  ///< to be translated: what holds without the option; null: nothing worth telling
+  const char* command;  ///< "*": of every command; "": of the program alone
+  const char* name;     ///< "--job", or "INPUT" for a positional word
+  const char* value;    ///< what the value is called, with "|" between its choices; null: a flag
+  const char* help;     ///< to be translated; null: not shown
+  const char*
+      fallback;  ///< to be translated: what holds without the option; null: nothing worth telling
   bool repeats = false;
 
   bool IsFlag() const { return value == nullptr; }
@@ -25,7 +27,8 @@ struct CommandRow {
   const char* name;
   const char* synopsis;  ///< its words after the name
   const char* summary;   ///< to be translated: one line of the program's help
-  const char* about;     ///< to be translated: what the command's help begins with; null: the command is not shown
+  const char* about;  ///< to be translated: what the command's help begins with; null: the command
+                      ///< is not shown
   std::span<const char* const> examples;
   std::span<const int> statuses;  ///< the exit statuses it may end with
   /// How many positional words it takes.

@@ -55,7 +55,8 @@ std::string Synopsis() {
   std::string text = ".SH SYNOPSIS\n.nf\n";
   for (const CommandRow& command : CommandTable()) {
     if (command.IsShown()) {
-      text += "\\fBkalvio " + std::string(command.name) + "\\fR " + Escaped(command.synopsis) + "\n";
+      text +=
+          "\\fBkalvio " + std::string(command.name) + "\\fR " + Escaped(command.synopsis) + "\n";
     }
   }
   return text + "\\fBkalvio \\-\\-version\\fR | \\fB\\-\\-help\\fR\n.fi\n";
@@ -137,7 +138,8 @@ std::string BashCompletion() {
   }
   return "# Completions of kalvio for bash.\n"
          "_kalvio() {\n"
-         "  local word=${COMP_WORDS[COMP_CWORD]} before=${COMP_WORDS[COMP_CWORD-1]} options= words=\n"
+         "  local word=${COMP_WORDS[COMP_CWORD]} before=${COMP_WORDS[COMP_CWORD-1]} options= "
+         "words=\n"
          "  case $before in\n" +
          ChoiceCases() +
          "  esac\n"

@@ -12,7 +12,8 @@ constexpr std::chrono::milliseconds kBetweenLines(100);
 std::string HowFar(std::uint64_t done, std::uint64_t total) {
   if (total == 0) return console::Number(done);
   constexpr long double kWhole = 100;
-  const long double percent = kWhole * static_cast<long double>(done) / static_cast<long double>(total);
+  const long double percent =
+      kWhole * static_cast<long double>(done) / static_cast<long double>(total);
   return console::Number(static_cast<std::uint64_t>(std::min(percent, kWhole))) + " %";
 }
 

@@ -11,8 +11,8 @@ namespace {
 
 using Json = nlohmann::ordered_json;
 
-// Thrown out of a dialog to end the call. The module lets nothing through, so it comes back as a call that ran to
-// nothing; Ended tells the difference.
+// Thrown out of a dialog to end the call. The module lets nothing through, so it comes back as a
+// call that ran to nothing; Ended tells the difference.
 struct EndOfCall {};
 
 std::string Dump(const Json& json) {
@@ -59,8 +59,8 @@ void ScriptedViews::Apply(const Answer& answer, Dialog& dialog) {
     const auto pattern = outcome == DialogSet::kUnknownKey
                              ? Xlate("dialog \"{1}\" has no key \"{2}\"")
                              : Xlate("dialog \"{1}\" cannot set \"{2}\" to {3}");
-    const auto reason = Fill(pattern, {tdk::WString(answer.what), tdk::WString(key),
-                                       tdk::WString(Dump(value))});
+    const auto reason =
+        Fill(pattern, {tdk::WString(answer.what), tdk::WString(key), tdk::WString(Dump(value))});
     End(exit_status::kBadUsage, answer.where + ": " + reason.ToUtf8());
   }
 }
@@ -68,9 +68,9 @@ void ScriptedViews::Apply(const Answer& answer, Dialog& dialog) {
 void ScriptedViews::CheckButton(const Answer& answer, const Dialog& dialog) {
   const auto buttons = dialog.Buttons();
   if (std::find(buttons.begin(), buttons.end(), answer.press) != buttons.end()) return;
-  const auto reason = Fill(Xlate("dialog \"{1}\" has no button \"{2}\"; it has {3}"),
-                           {tdk::WString(answer.what), tdk::WString(answer.press),
-                            tdk::WString(List(buttons))});
+  const auto reason =
+      Fill(Xlate("dialog \"{1}\" has no button \"{2}\"; it has {3}"),
+           {tdk::WString(answer.what), tdk::WString(answer.press), tdk::WString(List(buttons))});
   End(exit_status::kBadUsage, answer.where + ": " + reason.ToUtf8());
 }
 
@@ -109,8 +109,7 @@ std::optional<Answer> ScriptedViews::NextFor(bool isDialog, const std::string& w
                              : Xlate("message \"{1}\" came, but {2} was next");
   const auto expected = answer.isDialog ? Xlate("an answer for dialog \"{1}\"")
                                         : Xlate("an answer for message \"{1}\"");
-  const auto reason =
-      Fill(came, {tdk::WString(what), Fill(expected, {tdk::WString(answer.what)})});
+  const auto reason = Fill(came, {tdk::WString(what), Fill(expected, {tdk::WString(answer.what)})});
   End(exit_status::kUnexpectedDialog, answer.where + ": " + reason.ToUtf8());
 }
 

@@ -22,8 +22,8 @@ class ScriptedViews : public HostViews, public tdk::ISourceEventListener {
   void OnBeginEvent() override;
   void OnEndEvent() override;
 
-  /// Prints one event of the transcript, a JSON line; nothing once the call is being ended. Standard output that
-  /// cannot be written ends it too.
+  /// Prints one event of the transcript, a JSON line; nothing once the call is being ended.
+  /// Standard output that cannot be written ends it too.
   void Print(const nlohmann::ordered_json& event);
 
   /// Why the call was ended before its time, if it was.

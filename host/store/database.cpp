@@ -6,8 +6,8 @@
 #include "model/undefined.h"
 
 Database::Database(const std::string& path, Mode mode) : path_(path) {
-  // Reading too may have to write: a save that was killed is undone by who opens the file next. Where nothing can be
-  // written, SQLite contents itself with reading.
+  // Reading too may have to write: a save that was killed is undone by who opens the file next.
+  // Where nothing can be written, SQLite contents itself with reading.
   const int flags = SQLITE_OPEN_READWRITE | (mode == Mode::kCreate ? SQLITE_OPEN_CREATE : 0);
   // A relative path might begin with "file:", which SQLite takes for the beginning of an address.
   const std::string absolute = std::filesystem::absolute(path).string();
@@ -101,10 +101,15 @@ void Statement::Read(std::string& text) {
 void Statement::Read(double& value) {
   const int column = next_++;
   switch (sqlite3_column_type(statement_.get(), column)) {
-    case SQLITE_NULL: value = UndefinedValue; break;
+    case SQLITE_NULL:
+      value = UndefinedValue;
+      break;
     case SQLITE_INTEGER:
-    case SQLITE_FLOAT: value = sqlite3_column_double(statement_.get(), column); break;
-    default: FailAtColumn(column);
+    case SQLITE_FLOAT:
+      value = sqlite3_column_double(statement_.get(), column);
+      break;
+    default:
+      FailAtColumn(column);
   }
 }
 

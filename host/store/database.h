@@ -17,8 +17,8 @@ class Database {
  public:
   enum class Mode { kExisting, kCreate };
 
-  /// Opens the file; kCreate makes it when it is missing. `path` names it in complaints. A transaction that is open
-  /// when the database is closed is rolled back.
+  /// Opens the file; kCreate makes it when it is missing. `path` names it in complaints. A
+  /// transaction that is open when the database is closed is rolled back.
   Database(const std::string& path, Mode mode);
 
   void Run(const std::string& sql) const;
@@ -37,7 +37,8 @@ class Database {
   std::unique_ptr<sqlite3, Closer> handle_;
 };
 
-/// A prepared statement. Values are bound, and columns are read, one after the other, as the tables of fields list them.
+/// A prepared statement. Values are bound, and columns are read, one after the other, as the tables
+/// of fields list them.
 class Statement {
  public:
   /// `database` is not owned.

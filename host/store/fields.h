@@ -12,7 +12,8 @@ template <class Record, class Value>
 struct Field {
   std::string_view key;  ///< in JSON, and the name of its column
   Value Record::*member;
-  std::span<const std::string_view> parts = {};  ///< for a list: what its parts are called in columns
+  std::span<const std::string_view> parts =
+      {};  ///< for a list: what its parts are called in columns
 };
 template <class Record, class Value>
 Field(std::string_view, Value Record::*) -> Field<Record, Value>;

@@ -8,10 +8,14 @@ namespace {
 std::string_view InWords(platform::FileTrouble::Action action) {
   using Action = platform::FileTrouble::Action;
   switch (action) {
-    case Action::kOpen: return "opened";
-    case Action::kRead: return "read";
-    case Action::kCreate: return "created";
-    case Action::kWrite: break;
+    case Action::kOpen:
+      return "opened";
+    case Action::kRead:
+      return "read";
+    case Action::kCreate:
+      return "created";
+    case Action::kWrite:
+      break;
   }
   return "written";
 }

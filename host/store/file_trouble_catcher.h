@@ -6,8 +6,8 @@
 
 #include "platform/file_trouble.h"
 
-/// While it lives, trouble with files comes here and not to the listener that was there: it becomes part of a
-/// JobError, and must not be told twice.
+/// While it lives, trouble with files comes here and not to the listener that was there: it becomes
+/// part of a JobError, and must not be told twice.
 class FileTroubleCatcher {
  public:
   FileTroubleCatcher();

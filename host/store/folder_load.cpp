@@ -50,15 +50,18 @@ class FolderReader {
   void ReadGps() {
     CLibGps& library = *document_.GetLibGps();
     ForEachRow(kGpsGroupTable, [&](const auto& row, int, int) { Put(row, library.AddGrp(false)); });
-    ForEachRow(kGpsPointTable,
-               [&](const auto& row, int group, int) { PutPoint(row, library.AddPun(group, false)); });
+    ForEachRow(kGpsPointTable, [&](const auto& row, int group, int) {
+      PutPoint(row, library.AddPun(group, false));
+    });
   }
 
   void ReadKnownPoints() {
     CLibPnt& library = *document_.GetLibPnt();
-    ForEachRow(kKnownGroupTable, [&](const auto& row, int, int) { Put(row, library.AddGrp(false)); });
-    ForEachRow(kKnownPointTable,
-               [&](const auto& row, int group, int) { PutPoint(row, library.AddPtn(group, false)); });
+    ForEachRow(kKnownGroupTable,
+               [&](const auto& row, int, int) { Put(row, library.AddGrp(false)); });
+    ForEachRow(kKnownPointTable, [&](const auto& row, int group, int) {
+      PutPoint(row, library.AddPtn(group, false));
+    });
   }
 
   // Calls `take` with each row's record and the positions of its parents (0 where it has none).
@@ -89,9 +92,11 @@ class FolderReader {
 
   void Select(const CurrentRecord& current) {
     constexpr int kNone = CurrentRecord::kNone;
-    const bool hasStation = current.station[0] == kNone || SelectStation(current.station, document_);
+    const bool hasStation =
+        current.station[0] == kNone || SelectStation(current.station, document_);
     const bool hasGroup = current.gpsGroup == kNone || SelectGpsGroup(current.gpsGroup, document_);
-    if (!hasStation || !hasGroup) database_.Fail("the job is damaged: what is current is not there");
+    if (!hasStation || !hasGroup)
+      database_.Fail("the job is damaged: what is current is not there");
   }
 
   const Database& database_;

@@ -14,7 +14,8 @@ namespace {
 template <class Record>
 class Inserter {
  public:
-  Inserter(const Database& database, const StoredTable<Record>& table) : statement_(database, table.Insert()) {}
+  Inserter(const Database& database, const StoredTable<Record>& table)
+      : statement_(database, table.Insert()) {}
 
   /// `parents`: the positions of the objects that the row belongs to.
   template <class... Parents>
@@ -113,13 +114,15 @@ void MakeFolder(const std::string& folder) {
   std::filesystem::create_directories(folder, error);
   std::error_code unused;
   if (std::filesystem::is_directory(folder, unused)) return;
-  throw JobError(folder + ": the job folder cannot be made" + (error ? ": " + error.message() : ""));
+  throw JobError(folder + ": the job folder cannot be made" +
+                 (error ? ": " + error.message() : ""));
 }
 
 // One transaction: who fails or is killed before its end leaves the previous job.
 void SaveDatabase(const std::string& path, HostDocument& document, const JobProgress& progress) {
   const Database database(path, Database::Mode::kCreate);
-  database.Run("PRAGMA secure_delete = OFF");  // the previous job need not be overwritten with zeros
+  database.Run(
+      "PRAGMA secure_delete = OFF");  // the previous job need not be overwritten with zeros
   database.Run("BEGIN IMMEDIATE");
   static_cast<void>(HoldsJob(database));  // what is no job must not be lost
   database.Run(Pragma("application_id", kApplicationId));
@@ -140,7 +143,8 @@ void SaveSettings(const std::string& path, JobSettings& settings) {
   if (!MustSave(settings, path)) return;
   const FileTroubleCatcher trouble;
   if (!settings.Save(std::filesystem::absolute(path).string())) {
-    throw JobError(path + ": " + trouble.Reason() + " (the job itself was saved, only its settings were not)");
+    throw JobError(path + ": " + trouble.Reason() +
+                   " (the job itself was saved, only its settings were not)");
   }
 }
 

@@ -14,8 +14,8 @@
 inline constexpr std::int64_t kApplicationId = 0x4B4C564A;
 inline constexpr std::int64_t kSchemaVersion = 1;
 
-/// Whether there is a job in the database; false for one that is new. Fails when it is something else, or a job that
-/// a newer version wrote.
+/// Whether there is a job in the database; false for one that is new. Fails when it is something
+/// else, or a job that a newer version wrote.
 bool HoldsJob(const Database& database);
 
 /// Which object a row belongs to: the columns with its position, and its parent's.
@@ -36,8 +36,8 @@ class ColumnList {
   std::size_t count_ = 0;
 };
 
-/// How a column of values of that type is declared. Numbers with decimals go into columns of any type, for one of
-/// type REAL would store -0.0 as 0.
+/// How a column of values of that type is declared. Numbers with decimals go into columns of any
+/// type, for one of type REAL would store -0.0 as 0.
 template <class Value>
 constexpr std::string_view Declaration() {
   if (std::is_same_v<Value, std::string>) return " TEXT NOT NULL";
@@ -52,8 +52,8 @@ struct PartOf<std::array<Part, size>> {
   using Type = Part;
 };
 
-/// One table: its name, what its rows belong to, and the record that they hold. The order of its rows is the order in
-/// which they were written.
+/// One table: its name, what its rows belong to, and the record that they hold. The order of its
+/// rows is the order in which they were written.
 template <class Record>
 struct StoredTable {
   const char* name;
@@ -61,7 +61,8 @@ struct StoredTable {
 
   std::string Drop() const { return std::string("DROP TABLE IF EXISTS ") + name; }
   std::string Create() const {
-    return std::string("CREATE TABLE ") + name + " (" + Columns(/*declared=*/true).Text() + ") STRICT";
+    return std::string("CREATE TABLE ") + name + " (" + Columns(/*declared=*/true).Text() +
+           ") STRICT";
   }
   std::string Insert() const {
     const ColumnList columns = Columns();

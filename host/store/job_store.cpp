@@ -16,10 +16,12 @@ std::string JobFolderOf(const std::string& path) {
 
 void LoadJob(const std::string& path, HostDocument& document, const JobProgress& progress) {
   const std::string native = platform::NativePath(path);
-  IsJsonJob(native) ? LoadJsonJob(native, document, progress) : LoadFolderJob(native, document, progress);
+  IsJsonJob(native) ? LoadJsonJob(native, document, progress)
+                    : LoadFolderJob(native, document, progress);
 }
 
 void SaveJob(const std::string& path, HostDocument& document, const JobProgress& progress) {
   const std::string native = platform::NativePath(path);
-  IsJsonJob(native) ? SaveJsonJob(native, document, progress) : SaveFolderJob(native, document, progress);
+  IsJsonJob(native) ? SaveJsonJob(native, document, progress)
+                    : SaveFolderJob(native, document, progress);
 }

@@ -20,7 +20,8 @@ class Events : public JsonJobReader {
   bool binary(const Json::binary_t& /*value*/) { return false; }  // JSON text has none
 
   // The library says "[its name for the error] parse error at line 3, column 5: what is wrong".
-  bool parse_error(std::size_t /*position*/, const std::string& token, const Json::exception& error) {
+  bool parse_error(std::size_t /*position*/, const std::string& token,
+                   const Json::exception& error) {
     constexpr int kNumberOutOfRange = 406;
     if (error.id == kNumberOutOfRange) FailAtLargeNumber(token);
     constexpr std::string_view kBeforeLine = "line ";

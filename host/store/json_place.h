@@ -6,7 +6,8 @@
 #include <string_view>
 #include <vector>
 
-/// Follows a reader through a document, and says the place as people do: jobs[0].stations[2].points[5].x
+/// Follows a reader through a document, and says the place as people do:
+/// jobs[0].stations[2].points[5].x
 class JsonPlace {
  public:
   /// A value begins, plain or not; in a list it is the next element.

@@ -11,8 +11,8 @@ struct JsonJobReader::Levels {
 
   static constexpr Level kObservation[] = {
       {"points", kList, &R::Select<&R::observation_>, &R::BeginObservation, &R::EndObservation}};
-  static constexpr Level kStation[] = {
-      {"stations", kList, &R::Select<&R::station_>, &R::BeginStation, &R::EndStation, kObservation}};
+  static constexpr Level kStation[] = {{"stations", kList, &R::Select<&R::station_>,
+                                        &R::BeginStation, &R::EndStation, kObservation}};
   static constexpr Level kGpsPoint[] = {
       {"points", kList, &R::Select<&R::gpsPoint_>, &R::BeginGpsPoint, &R::EndGpsPoint}};
   static constexpr Level kKnownPoint[] = {
@@ -22,7 +22,8 @@ struct JsonJobReader::Levels {
 
   static constexpr Level kMembers[] = {
       {"jobs", kList, &R::Select<&R::job_>, &R::BeginJob, &R::EndJob, kStation},
-      {"gpsGroups", kList, &R::Select<&R::gpsGroup_>, &R::BeginGpsGroup, &R::EndGpsGroup, kGpsPoint},
+      {"gpsGroups", kList, &R::Select<&R::gpsGroup_>, &R::BeginGpsGroup, &R::EndGpsGroup,
+       kGpsPoint},
       {"knownGroups", kList, &R::Select<&R::knownGroup_>, &R::BeginKnownGroup, &R::EndKnownGroup,
        kKnownPoint},
       {"controlPoints", kList, &R::Select<&R::point_>, &R::BeginPoint, &R::EndControl},
@@ -35,7 +36,8 @@ struct JsonJobReader::Levels {
       {"cadastral", Form::kNotHeld},
       {"drawing", Form::kNotHeld}};
 
-  static constexpr Level kDocument = {"", Form::kObject, nullptr, nullptr, &R::EndDocument, kMembers};
+  static constexpr Level kDocument = {"",      Form::kObject,   nullptr,
+                                      nullptr, &R::EndDocument, kMembers};
   // A list of plain values, as a field has it.
   static constexpr Level kParts = {};
 };
@@ -92,7 +94,8 @@ bool JsonJobReader::TakeValue(const JsonValue& value) {
 bool JsonJobReader::Open(bool isList) {
   place_.NextValue();
   const Level* const level = LevelOf(isList);
-  if (level == nullptr) Fail(isList ? "a list does not belong here" : "an object does not belong here");
+  if (level == nullptr)
+    Fail(isList ? "a list does not belong here" : "an object does not belong here");
   place_.Enter(isList);
   levels_.push_back(level);
   part_ = 0;
@@ -114,7 +117,8 @@ const JsonJobReader::Level* JsonJobReader::LevelOfMember(bool isList) {
     const bool hasParts = std::visit([](auto field) { return kHasParts<decltype(field)>; }, slot_);
     return isList && hasParts ? &Levels::kParts : nullptr;
   }
-  const bool fits = below->form == Form::kNotHeld || isList == (below->form == Form::kListOfObjects);
+  const bool fits =
+      below->form == Form::kNotHeld || isList == (below->form == Form::kListOfObjects);
   return fits ? below : nullptr;
 }
 
@@ -186,8 +190,10 @@ void JsonJobReader::RequireAllParts() const {
   std::visit(
       [&](auto field) {
         if constexpr (kHasParts<decltype(field)>) {
-          const bool isLeftOut = std::is_same_v<decltype(field), std::array<std::string, 4>*> && part_ == 0;
-          if (part_ != field->size() && !isLeftOut) Fail("expected " + ExpectedParts(field->size()));
+          const bool isLeftOut =
+              std::is_same_v<decltype(field), std::array<std::string, 4>*> && part_ == 0;
+          if (part_ != field->size() && !isLeftOut)
+            Fail("expected " + ExpectedParts(field->size()));
         }
       },
       slot_);

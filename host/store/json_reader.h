@@ -14,7 +14,8 @@
 #include "host/store/records.h"
 #include "platform/text_reader.h"
 
-/// Takes the events of a parser and fills a document. Complaints are JobError and JobKeyError and leave the parser.
+/// Takes the events of a parser and fills a document. Complaints are JobError and JobKeyError and
+/// leave the parser.
 class JsonJobReader {
  public:
   /// `path` names the file in complaints, `file` tells how far it is read. Nothing is owned.
@@ -51,7 +52,8 @@ class JsonJobReader {
                    CovarianceRecord*, std::array<std::string, 4>*, std::array<int, 2>*, Setting*>;
 
   enum class Form { kObject, kListOfObjects, kNotHeld };
-  // One kind of object in the document: where it stands in the object above, what it holds, what it leads to.
+  // One kind of object in the document: where it stands in the object above, what it holds, what it
+  // leads to.
   struct Level {
     std::string_view key = {};  // in the object above; empty: any
     Form form = Form::kObject;

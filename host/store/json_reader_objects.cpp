@@ -13,8 +13,8 @@ Object* JsonJobReader::Added(Object* object) const {
   return object;
 }
 
-// An object that holds lists is added before them, so that their elements have a place to go to, and gets its own
-// members when all of them have been read.
+// An object that holds lists is added before them, so that their elements have a place to go to,
+// and gets its own members when all of them have been read.
 void JsonJobReader::BeginJob() {
   Added(document_.GetLibCmp()->AddJob(false));
   job_ = {};
@@ -80,9 +80,11 @@ void JsonJobReader::EndTargets() { Store(targets_, document_); }
 // Only now are all stations and groups there.
 void JsonJobReader::EndDocument() {
   place_.SetKey("current.station");
-  if (selectsStation_ && !SelectStation(current_.station, document_)) Fail("there is no such station");
+  if (selectsStation_ && !SelectStation(current_.station, document_))
+    Fail("there is no such station");
   place_.SetKey("current.gpsGroup");
-  if (selectsGpsGroup_ && !SelectGpsGroup(current_.gpsGroup, document_)) Fail("there is no such group");
+  if (selectsGpsGroup_ && !SelectGpsGroup(current_.gpsGroup, document_))
+    Fail("there is no such group");
 }
 
 void JsonJobReader::CountPoint() {

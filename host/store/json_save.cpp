@@ -26,16 +26,20 @@ std::string SettingAsJson(const std::string& text) {
 class JobWriter {
  public:
   JobWriter(HostDocument& document, const JsonWriter::Sink& sink, const JobProgress& progress)
-      : document_(document), json_(sink), progress_(progress, progress ? CountPoints(document) : 0) {}
+      : document_(document),
+        json_(sink),
+        progress_(progress, progress ? CountPoints(document) : 0) {}
 
   void Write() {
     json_.BeginObject();
     WriteList("jobs", document_.GetLibCmp()->GetJobArSize(), [&](int job) { WriteJob(job); });
-    WriteList("gpsGroups", document_.GetLibGps()->GetGrpArSize(), [&](int grp) { WriteGpsGroup(grp); });
+    WriteList("gpsGroups", document_.GetLibGps()->GetGrpArSize(),
+              [&](int grp) { WriteGpsGroup(grp); });
     WriteList("knownGroups", document_.GetLibPnt()->GetGrpArSize(),
               [&](int grp) { WriteKnownGroup(grp); });
     const CLibConOri& controls = *document_.GetLibCmp();
-    WritePoints("controlPoints", controls.GetOriArSize(), [&](int i) { return controls.GetOriAt(i); });
+    WritePoints("controlPoints", controls.GetOriArSize(),
+                [&](int i) { return controls.GetOriAt(i); });
     WriteCurrent();
     json_.NextMember("targets");
     json_.BeginObject();

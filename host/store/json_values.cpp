@@ -70,7 +70,8 @@ std::string Put(const JsonValue& value, float& number) {
   const std::string expected = Put(value, wide);
   if (!expected.empty()) return expected;
   const float narrow = ToSingle(wide);
-  if (IsDefined(wide) && !IsDefined(static_cast<double>(narrow))) return "a number of single precision";
+  if (IsDefined(wide) && !IsDefined(static_cast<double>(narrow)))
+    return "a number of single precision";
   number = narrow;
   return {};
 }

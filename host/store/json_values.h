@@ -9,15 +9,16 @@
 #include <utility>
 #include <variant>
 
-/// null, a flag, a whole number (unsigned ones that need it as such), any other number, a text (not owned).
+/// null, a flag, a whole number (unsigned ones that need it as such), any other number, a text (not
+/// owned).
 using JsonValue =
     std::variant<std::nullptr_t, bool, std::int64_t, std::uint64_t, double, const std::string*>;
 
 /// How a value is shown in a complaint.
 std::string InWords(const JsonValue& value);
 
-/// Each puts a value into a field. Returns nothing when it fits there, else, with the field untouched, what was
-/// expected: "a text".
+/// Each puts a value into a field. Returns nothing when it fits there, else, with the field
+/// untouched, what was expected: "a text".
 std::string Put(const JsonValue& value, std::string& text);
 std::string Put(const JsonValue& value, bool& flag);
 /// null is undefined; a number beyond a single-precision field fits no better than a text.
@@ -38,5 +39,6 @@ std::string Put(const JsonValue& value, Whole& number) {
   const auto* const natural = std::get_if<std::uint64_t>(&value);
   if ((whole != nullptr && take(*whole)) || (natural != nullptr && take(*natural))) return {};
   using Limits = std::numeric_limits<Whole>;
-  return ExpectedWhole(static_cast<std::int64_t>(Limits::min()), static_cast<std::uint64_t>(Limits::max()));
+  return ExpectedWhole(static_cast<std::int64_t>(Limits::min()),
+                       static_cast<std::uint64_t>(Limits::max()));
 }

@@ -44,8 +44,8 @@ void AppendJson(std::string& text, const std::array<Part, size>& parts) {
   text += ']';
 }
 
-/// Writes a document from its first character to its last. Objects and lists are indented by two blanks, one member
-/// or element a line; WriteLine puts a whole object on one line.
+/// Writes a document from its first character to its last. Objects and lists are indented by two
+/// blanks, one member or element a line; WriteLine puts a whole object on one line.
 class JsonWriter {
  public:
   using Sink = std::function<void(std::string_view)>;
@@ -58,7 +58,8 @@ class JsonWriter {
   void BeginList() { Begin('['); }
   void EndList() { End(']'); }
 
-  /// Starts the next element of the open list, or the next member of the open object; its value must follow.
+  /// Starts the next element of the open list, or the next member of the open object; its value
+  /// must follow.
   void NextElement() { NextLine(); }
   void NextMember(std::string_view key) {
     NextLine();

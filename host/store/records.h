@@ -1,5 +1,6 @@
-// What is stored of each object of a job: plain records, the table of their fields, and the way from and to the
-// host's objects. Units are those of the objects; the initial values are what a field that is left out means.
+// What is stored of each object of a job: plain records, the table of their fields, and the way
+// from and to the host's objects. Units are those of the objects; the initial values are what a
+// field that is left out means.
 #pragma once
 
 #include <array>
@@ -213,7 +214,8 @@ void Store(const KnownGroupRecord& record, CGrpPnt& group);
 void Store(const PointRecord& record, CEgn& point);
 void Store(const TargetsRecord& record, HostDocument& document);
 
-/// Makes a station (job and station index) or a GPS group the one the user works in. False when there is none such.
+/// Makes a station (job and station index) or a GPS group the one the user works in. False when
+/// there is none such.
 bool SelectStation(const std::array<int, 2>& indices, HostDocument& document);
 bool SelectGpsGroup(int index, HostDocument& document);
 

@@ -7,6 +7,7 @@
 #include <iterator>
 #include <string>
 #include <string_view>
+#include <system_error>
 
 #include "host/document/host_document.h"
 #include "host/store/job_store.h"
@@ -55,6 +56,9 @@ inline std::string ComplaintOfSave(const std::string& path, HostDocument& docume
   }
   return {};
 }
+
+/// What the system says of an error, in the language of the process.
+inline std::string InWords(std::errc error) { return std::make_error_code(error).message(); }
 
 /// A job in which no key has the value that it has when left out, as it is written.
 inline constexpr std::string_view kFullJob = R"({
@@ -163,7 +167,8 @@ inline constexpr std::string_view kFullJob = R"({
 /// Any finite double, sign, zeros and denormals included; one in eight is undefined.
 inline double AnyNumber(Random& random) {
   if (random.OneIn(8)) return UndefinedValue;
-  const double usual[] = {0.0, -0.0, 5e-324, -5e-324, 2.2250738585072009e-308, -1e308, 0.1, 1e22, 9007199254740993.0};
+  const double usual[] = {0.0,    -0.0, 5e-324, -5e-324,           2.2250738585072009e-308,
+                          -1e308, 0.1,  1e22,   9007199254740993.0};
   if (random.OneIn(4)) return usual[random.Whole<std::size_t>(0, std::size(usual) - 1)];
   const std::uint64_t bits = random.Bits();
   double number = 0;
@@ -175,13 +180,15 @@ inline double AnyNumber(Random& random) {
 inline tdk::WString AnyText(Random& random) {
   const std::string_view characters("aB1 \t\n\"\\/{}[]:,'\x01\x7f", 19);
   std::string text = random.Text(characters, random.Whole<std::size_t>(0, 20));
-  if (random.OneIn(4)) text += "\xC3\xA0\xE2\x82\xAC\xF0\x9F\x8C\xB2";  // of two, three and four bytes
+  if (random.OneIn(4))
+    text += "\xC3\xA0\xE2\x82\xAC\xF0\x9F\x8C\xB2";  // of two, three and four bytes
   if (random.OneIn(8)) text += std::string("\0x", 2);
   return tdk::WString(text);
 }
 
 inline void FillPoint(CEgn& point, Random& random) {
-  point.SetNomCoord(AnyText(random), AnyText(random), AnyNumber(random), AnyNumber(random), AnyNumber(random));
+  point.SetNomCoord(AnyText(random), AnyText(random), AnyNumber(random), AnyNumber(random),
+                    AnyNumber(random));
   point.SetTerScri(AnyText(random));
 }
 
@@ -225,7 +232,8 @@ inline void FillTotalStation(CLibCmp& library, Random& random) {
       station->SetIden(AnyText(random));
       station->SetTemper(AnyNumber(random));
       if (random.OneIn(3)) library.SetCurrSta(station);
-      for (int pun = random.Whole(0, 5); pun > 0; --pun) FillObservation(*library.AddPun(station, true), random);
+      for (int pun = random.Whole(0, 5); pun > 0; --pun)
+        FillObservation(*library.AddPun(station, true), random);
     }
   }
   for (int ori = random.Whole(0, 3); ori > 0; --ori) FillPoint(*library.AddOri(true), random);
@@ -242,12 +250,15 @@ inline void FillAtRandom(HostDocument& document, Random& random) {
     group->SetBaseLong(AnyNumber(random));
     group->SetTipoRilievo(static_cast<std::uint8_t>(random.Bits()));
     if (random.OneIn(2)) gps.SetCurrGrp(group);
-    for (int pun = random.Whole(0, 5); pun > 0; --pun) FillGpsPoint(*gps.AddPun(gps.GetGrpArSize() - 1, true), random);
+    for (int pun = random.Whole(0, 5); pun > 0; --pun)
+      FillGpsPoint(*gps.AddPun(gps.GetGrpArSize() - 1, true), random);
   }
   CLibPnt& known = *document.GetLibPnt();
   for (int grp = 0; grp < random.Whole(0, 3); ++grp) {
-    known.AddGrp(true)->SetLabels(AnyText(random), AnyText(random), AnyText(random), AnyText(random));
-    for (int ptn = random.Whole(0, 5); ptn > 0; --ptn) FillPoint(*known.AddPtn(known.GetGrpArSize() - 1, true), random);
+    known.AddGrp(true)->SetLabels(AnyText(random), AnyText(random), AnyText(random),
+                                  AnyText(random));
+    for (int ptn = random.Whole(0, 5); ptn > 0; --ptn)
+      FillPoint(*known.AddPtn(known.GetGrpArSize() - 1, true), random);
   }
 }
 
