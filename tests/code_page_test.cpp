@@ -138,7 +138,7 @@ TEST(CodePage, WritesUtf8OfEachLength) {
 }
 
 TEST(CodePage, WritesTheReplacementForWhatIsNoCharacter) {
-  for (const char32_t codePoint : {0xD800, 0xDFFF, 0x110000, 0x7FFFFFFF}) {
+  for (const char32_t codePoint : {0xD800U, 0xDFFFU, 0x110000U, 0x7FFFFFFFU}) {
     EXPECT_EQ(Utf8(codePoint), "\xEF\xBF\xBD");
   }
 }

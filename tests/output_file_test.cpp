@@ -150,7 +150,7 @@ TEST(OutputFile, KeepsASmallTextInItsBuffer) {
 TEST(OutputFile, KeepsTheModeOfTheOldFile) {
   const TemporaryFolder folder;
   const std::string path = folder.Write("a.txt", "old\n");
-  for (const mode_t mode : {0600, 0640, 0664, 0755}) {
+  for (const mode_t mode : {0600U, 0640U, 0664U, 0755U}) {
     chmod(path.c_str(), mode);
     EXPECT_TRUE(WriteWhole(path, "new\n"));
     EXPECT_EQ(ModeOf(path), mode);
