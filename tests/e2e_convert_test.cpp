@@ -262,8 +262,15 @@ TEST_F(Convert, OutputThatIsAnInputIsRefused) {
 TEST_F(Convert, NeedsAnInputAndAnOutput) {
   EXPECT_EQ(Run({}).status, 2);
   EXPECT_EQ(Run({"a.jb2"}).status, 2);
-  EXPECT_EQ(Run({"--job", "job", "a.jb2"}).status, 2);
+  EXPECT_EQ(Run({"--job", "job"}).status, 2);
   EXPECT_EQ(ReadBytes(folder.File("a.jb2")), SmallJb2());
+}
+
+TEST_F(Convert, JobStandsForAnInput) {
+  folder.Write("job.json", R"({"jobs": [{"name": "before"}]})");
+  const Outcome run = Run({"--job", "job.json", "b.jb2"});
+  EXPECT_EQ(run.status, 0) << run.err;
+  EXPECT_EQ(ReadBytes(folder.File("b.jb2")), "L|\x1d" "before\x1d\x1d\x1d \x1d\x1d\n");
 }
 
 TEST_F(Convert, FullStandardOutputFails) {

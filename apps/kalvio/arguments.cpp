@@ -166,7 +166,10 @@ void Store(const Slot& slot, Arguments& arguments) {
 
 void CheckWordCount(const Arguments& arguments) {
   if (arguments.command == nullptr || arguments.Has("--help")) return;
-  if (arguments.words.size() < arguments.command->least) {
+  std::size_t words = arguments.words.size();
+  // A job that is there already stands for an input.
+  if (words != 0 && arguments.Has("--job")) ++words;
+  if (words < arguments.command->least) {
     throw BadUsage(Fill(Xlate("too few words; usage: kalvio {1} {2}"),
                         {arguments.command->name, arguments.command->synopsis})
                        .ToUtf8());
