@@ -30,7 +30,8 @@ Json FileAnswer(const std::string& path) {
 class CallProgram : public testing::Test {
  protected:
   // Runs `kalvio call FUNCTION` with answers.
-  ProgramRun Call(const std::string& function, const Json& answers, std::vector<std::string> more = {}) {
+  ProgramRun Call(const std::string& function, const Json& answers,
+                  std::vector<std::string> more = {}) {
     folder.Write("answers.json", answers.dump());
     std::vector<std::string> words = {"call", function, "--answers", "answers.json"};
     words.insert(words.end(), more.begin(), more.end());
@@ -43,12 +44,13 @@ class CallProgram : public testing::Test {
 
 TEST_F(CallProgram, PrintsTheWholeImportAndSavesTheJob) {
   folder.Write("a.jb2", SmallJob());
-  const ProgramRun run =
-      Call("FImportJB2File", Json::array({FileAnswer(folder.File("a.jb2"))}), {"--save", "saved.json"});
+  const ProgramRun run = Call("FImportJB2File", Json::array({FileAnswer(folder.File("a.jb2"))}),
+                              {"--save", "saved.json"});
   EXPECT_EQ(run.status, 0) << run.err;
   EXPECT_EQ(run.err, "");
   const auto events = Events(run.out);
-  EXPECT_EQ(Names(events), (std::vector<std::string>{"dialog", "begin-change", "end-change", "returned"}));
+  EXPECT_EQ(Names(events),
+            (std::vector<std::string>{"dialog", "begin-change", "end-change", "returned"}));
   EXPECT_EQ(events[0]["title"], "JB2 file import");
   EXPECT_EQ(events[0]["state"]["extensions"], "jb2");
   EXPECT_EQ(events[0]["state"]["import"], true);
@@ -85,7 +87,8 @@ TEST_F(CallProgram, HandsBackThePathOfAnImage) {
 }
 
 TEST_F(CallProgram, EndsWithStatusThreeAtAnUnexpectedDialog) {
-  const ProgramRun run = Call("FImportJB2File", Json::parse(R"([{"dialog": "text-main", "press": "OK"}])"));
+  const ProgramRun run =
+      Call("FImportJB2File", Json::parse(R"([{"dialog": "text-main", "press": "OK"}])"));
   EXPECT_EQ(run.status, 3);
   EXPECT_NE(run.err.find("file"), std::string::npos);
   EXPECT_NE(run.err.find("text-main"), std::string::npos);
@@ -94,9 +97,11 @@ TEST_F(CallProgram, EndsWithStatusThreeAtAnUnexpectedDialog) {
 TEST_F(CallProgram, RefusesWhatItDoesNotKnow) {
   EXPECT_EQ(Call("FImportNothing", Json::array()).status, 2);
   EXPECT_EQ(Call("printf", Json::array()).status, 2);
-  EXPECT_EQ(Call("FImportJB2File", Json::parse(R"([{"dialog": "file", "prass": "OK"}])")).status, 2);
+  EXPECT_EQ(Call("FImportJB2File", Json::parse(R"([{"dialog": "file", "prass": "OK"}])")).status,
+            2);
   const ProgramRun unknown =
-      Call("FImportJB2File", Json::parse(R"([{"dialog": "file", "set": {"colour": 1}, "press": "OK"}])"));
+      Call("FImportJB2File",
+           Json::parse(R"([{"dialog": "file", "set": {"colour": 1}, "press": "OK"}])"));
   EXPECT_EQ(unknown.status, 2);
   EXPECT_NE(unknown.err.find("colour"), std::string::npos);
   EXPECT_EQ(RunProgram(folder, {"call", "FImportJB2File", "--answers", "missing.json"}).status, 2);

@@ -270,7 +270,9 @@ TEST_F(Convert, JobStandsForAnInput) {
   folder.Write("job.json", R"({"jobs": [{"name": "before"}]})");
   const Outcome run = Run({"--job", "job.json", "b.jb2"});
   EXPECT_EQ(run.status, 0) << run.err;
-  EXPECT_EQ(ReadBytes(folder.File("b.jb2")), "L|\x1d" "before\x1d\x1d\x1d \x1d\x1d\n");
+  EXPECT_EQ(ReadBytes(folder.File("b.jb2")),
+            "L|\x1d"
+            "before\x1d\x1d\x1d \x1d\x1d\n");
 }
 
 TEST_F(Convert, FullStandardOutputFails) {

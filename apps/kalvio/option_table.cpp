@@ -17,7 +17,8 @@ constexpr const char* kNotShown = nullptr;
 constexpr const char* kNoFallback = nullptr;
 
 constexpr auto kOptions = std::to_array<OptionRow>({
-    {"convert", "INPUT", "", ToXlate("input files, read in this order; with --job none is needed"), kNoFallback, true},
+    {"convert", "INPUT", "", ToXlate("input files, read in this order; with --job none is needed"),
+     kNoFallback, true},
     {"convert", "OUTPUT", "", ToXlate("output file; an older one is written over"), kNoFallback},
     {"convert", "--kind", "known|control|ts|gps", kNotShown, kNoFallback},
     {"convert", "--columns", "LIST", kNotShown, kNoFallback},

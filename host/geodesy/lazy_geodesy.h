@@ -5,8 +5,9 @@
 
 #include "model/geodesy.h"
 
-/// Loads the geodesy library (libkalvio_geodesy.so, beside this one) at the first question; reference systems and
-/// their tables are heavy, and most exchanges need none. When it cannot be loaded every answer is "cannot say".
+/// Loads the geodesy library (libkalvio_geodesy.so, beside this one) at the first question;
+/// reference systems and their tables are heavy, and most exchanges need none. When it cannot be
+/// loaded every answer is "cannot say".
 class LazyGeodesy : public IGeodesy {
  public:
   LazyGeodesy();

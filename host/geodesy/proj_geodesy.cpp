@@ -1,4 +1,5 @@
-// The geodesy engine, on PROJ. A library of its own, so that only exchanges that need it pay for it.
+// The geodesy engine, on PROJ. A library of its own, so that only exchanges that need it pay for
+// it.
 #include <proj.h>
 
 #include <cmath>
@@ -61,7 +62,8 @@ class PlaneTransform : public ICoordTransform {
 };
 
 bool IsPlane(PJ_CONTEXT* context, const PJ* crs) {
-  if (proj_get_type(crs) != PJ_TYPE_COMPOUND_CRS) return proj_get_type(crs) == PJ_TYPE_PROJECTED_CRS;
+  if (proj_get_type(crs) != PJ_TYPE_COMPOUND_CRS)
+    return proj_get_type(crs) == PJ_TYPE_PROJECTED_CRS;
   const Object horizontal(proj_crs_get_sub_crs(context, crs, 0));
   return horizontal && proj_get_type(horizontal.get()) == PJ_TYPE_PROJECTED_CRS;
 }
@@ -82,14 +84,16 @@ class ProjGeodesy : public IGeodesy {
 
   bool ToGeographic(const Geocentric& from, Geographic& to) override {
     PJ_COORD place;
-    if (!Transform(cartesian_.get(), PJ_INV, proj_coord(from.x, from.y, from.z, 0), place)) return false;
+    if (!Transform(cartesian_.get(), PJ_INV, proj_coord(from.x, from.y, from.z, 0), place))
+      return false;
     to = {place.lpz.phi, place.lpz.lam, place.lpz.z};
     return true;
   }
 
   bool ToGeocentric(const Geographic& from, Geocentric& to) override {
     PJ_COORD place;
-    if (!Transform(cartesian_.get(), PJ_FWD, proj_coord(from.lon, from.lat, from.height, 0), place)) {
+    if (!Transform(cartesian_.get(), PJ_FWD, proj_coord(from.lon, from.lat, from.height, 0),
+                   place)) {
       return false;
     }
     to = {place.xyz.x, place.xyz.y, place.xyz.z};
@@ -109,7 +113,8 @@ class ProjGeodesy : public IGeodesy {
     // A system without heights leaves them as they are: they are taken as ellipsoidal.
     const char* const gps = HasHeight(context_.get(), crs.get()) ? "EPSG:4979" : "EPSG:4326";
     const Object target(proj_create(context_.get(), gps));
-    Object raw(proj_create_crs_to_crs_from_pj(context_.get(), crs.get(), target.get(), nullptr, nullptr));
+    Object raw(
+        proj_create_crs_to_crs_from_pj(context_.get(), crs.get(), target.get(), nullptr, nullptr));
     if (!raw) return nullptr;
     Object ordered(proj_normalize_for_visualization(context_.get(), raw.get()));
     return ordered ? std::make_unique<PlaneTransform>(std::move(ordered)) : nullptr;

@@ -1,5 +1,5 @@
-// One function for each exchange that is built, as the exports call it: pointers are there, exceptions are caught
-// outside. Each returns what the export returns.
+// One function for each exchange that is built, as the exports call it: pointers are there,
+// exceptions are caught outside. Each returns what the export returns.
 #pragma once
 
 #include "model/exchange_context.h"

@@ -9,25 +9,30 @@ using frame::Guarded;
 namespace {
 
 int NotBuiltYet(CWnd* parent, const void* needed, const char* format) {
-  return Guarded(parent, [&] { return frame::TellNotBuiltYet(parent, format); }, needed);
+  return Guarded(
+      parent, [&] { return frame::TellNotBuiltYet(parent, format); }, needed);
 }
 
 }  // namespace
 
 int FImportImageFile(CWnd* parent, tdk::WString& path, int /*unused*/) {
-  return Guarded(parent, [&] { return frame::ImportImage(parent, path); }, &path);
+  return Guarded(
+      parent, [&] { return frame::ImportImage(parent, path); }, &path);
 }
 
 int FImportJB2File(CWnd* parent, ExchangeContext* document, int /*unused*/) {
-  return Guarded(parent, [&] { return frame::ImportJb2(parent, *document); }, document);
+  return Guarded(
+      parent, [&] { return frame::ImportJb2(parent, *document); }, document);
 }
 
 int FExportJB2File(CWnd* parent, ExchangeContext* document, int /*unused*/) {
-  return Guarded(parent, [&] { return frame::ExportJb2(parent, *document); }, document);
+  return Guarded(
+      parent, [&] { return frame::ExportJb2(parent, *document); }, document);
 }
 
 int FExportLandXMLFile(CWnd* parent, ExchangeContext* document, int /*unused*/) {
-  return Guarded(parent, [&] { return frame::ExportLandXml(parent, *document); }, document);
+  return Guarded(
+      parent, [&] { return frame::ExportLandXml(parent, *document); }, document);
 }
 
 int FImportJB3File(CWnd* parent, ExchangeContext* document, int /*unused*/) {

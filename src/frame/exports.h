@@ -1,8 +1,9 @@
 // The functions that the exchange module exports: one for each exchange command.
 //
-// Each runs its exchange modally on the calling thread and returns 1 when the exchange ran, 0 when it was cancelled
-// or impossible. `parent` owns the dialogs and message boxes and leads to the host's user interface. All objects stay
-// the host's. A null pointer is answered with 0. No exception leaves the module.
+// Each runs its exchange modally on the calling thread and returns 1 when the exchange ran, 0 when
+// it was cancelled or impossible. `parent` owns the dialogs and message boxes and leads to the
+// host's user interface. All objects stay the host's. A null pointer is answered with 0. No
+// exception leaves the module.
 #pragma once
 
 #include "model/exchange_context.h"

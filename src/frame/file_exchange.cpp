@@ -22,7 +22,8 @@ std::optional<tdk::WString> AskForFile(CWnd* parent, const tdk::WString& title,
 }
 
 void TellNothingToExport(CWnd* parent) {
-  CreateMessageBox(parent, Xlate("Warning"), Xlate("There are no data to export."), kBoxExclamation);
+  CreateMessageBox(parent, Xlate("Warning"), Xlate("There are no data to export."),
+                   kBoxExclamation);
 }
 
 int TellNotBuiltYet(CWnd* parent, const char* format) {

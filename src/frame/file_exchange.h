@@ -10,7 +10,8 @@ namespace frame {
 
 enum class Direction { kImport, kExport };
 
-/// Asks for the file in the current job's folder: the full path, or nothing on cancel. `title` is shown as it is.
+/// Asks for the file in the current job's folder: the full path, or nothing on cancel. `title` is
+/// shown as it is.
 std::optional<tdk::WString> AskForFile(CWnd* parent, const tdk::WString& title,
                                        const tdk::WString& extensions, Direction direction);
 

@@ -11,8 +11,9 @@ namespace frame {
 /// Tells the host that an exchange broke off, and why.
 void TellBrokenOff(CWnd* parent, const char* reason);
 
-/// Runs one exchange: 0 when a pointer that it needs is null or the module was not started, else what `exchange`
-/// returns. No exception gets out; one that reaches the wall is told and answered with 0.
+/// Runs one exchange: 0 when a pointer that it needs is null or the module was not started, else
+/// what `exchange` returns. No exception gets out; one that reaches the wall is told and answered
+/// with 0.
 template <class Exchange, class... Needed>
 int Guarded(CWnd* parent, Exchange exchange, const Needed*... needed) noexcept {
   if (!IsModuleStarted() || parent == nullptr || ((needed == nullptr) || ...)) return 0;

@@ -15,8 +15,8 @@ bool started = false;
 // Its address stands for this library.
 const void* Instance() { return &started; }
 
-// The first window that is there gets the message; the second is an older program's name. What a window throws must
-// not get into the loader, which is no place for exceptions.
+// The first window that is there gets the message; the second is an older program's name. What a
+// window throws must not get into the loader, which is no place for exceptions.
 void NotifyStart() {
   try {
     if (!platform::SendToWindow("KalvioFieldStart", kStarted)) {
@@ -33,8 +33,8 @@ void Detach() {
   DetachExtension(Instance());
 }
 
-// The loader runs these when the library is loaded and unloaded. It offers no way to refuse a load, so a module that
-// was refused stays loaded and does nothing.
+// The loader runs these when the library is loaded and unloaded. It offers no way to refuse a load,
+// so a module that was refused stays loaded and does nothing.
 __attribute__((constructor)) void OnLoad() { StartModule(); }
 __attribute__((destructor)) void OnUnload() { StopModule(); }
 

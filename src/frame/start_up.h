@@ -3,8 +3,8 @@
 
 namespace frame {
 
-/// Tells the program that waits for the module, if one does, then makes the module known to the host's framework.
-/// False when the framework refuses it; every exchange is then impossible.
+/// Tells the program that waits for the module, if one does, then makes the module known to the
+/// host's framework. False when the framework refuses it; every exchange is then impossible.
 bool StartModule();
 void StopModule();
 

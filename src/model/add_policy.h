@@ -12,8 +12,8 @@ enum class AddedKind {
   kControlRecord
 };
 
-/// Asked before every add: a host may refuse (a licence's limit, a job that is locked), and the add operation then
-/// returns null. A library without a policy refuses nothing.
+/// Asked before every add: a host may refuse (a licence's limit, a job that is locked), and the add
+/// operation then returns null. A library without a policy refuses nothing.
 class AddPolicy {
  public:
   virtual ~AddPolicy();

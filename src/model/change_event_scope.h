@@ -3,8 +3,8 @@
 
 #include "tdk/source_event.h"
 
-/// Brackets the changes of an import, so that the host refreshes its views once, at the end. Every way out of the
-/// scope ends the batch exactly once.
+/// Brackets the changes of an import, so that the host refreshes its views once, at the end. Every
+/// way out of the scope ends the batch exactly once.
 class ChangeEventScope {
  public:
   /// `source` may be null: then there is nobody to tell.

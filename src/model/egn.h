@@ -7,8 +7,8 @@
 #include "model/undefined.h"
 #include "tdk/wstring.h"
 
-/// A point-like object: name, second description (the same text as the code), third description, and plane
-/// coordinates X (easting), Y (northing), Z (elevation) in metres, undefined at first.
+/// A point-like object: name, second description (the same text as the code), third description,
+/// and plane coordinates X (easting), Y (northing), Z (elevation) in metres, undefined at first.
 class CEgn {
  public:
   CEgn() = default;
@@ -34,7 +34,8 @@ class CEgn {
   double GetCoordY() const { return y_; }
   double GetCoordZ() const { return z_; }
   void SetCoord(double x, double y, double z) { DoSetCoord(x, y, z); }
-  void SetNomCoord(const tdk::WString& name, const tdk::WString& code, double x, double y, double z);
+  void SetNomCoord(const tdk::WString& name, const tdk::WString& code, double x, double y,
+                   double z);
 
   /// Works out anew, from the stored coordinates, which of them are valid.
   void CalcolaValiditaXYZ();

@@ -8,8 +8,8 @@
 
 class CTcadEng;
 
-/// Leads to the libraries of the open job. All of them belong to the host. The first five getters stand in this
-/// order in every host; later ones are added after them.
+/// Leads to the libraries of the open job. All of them belong to the host. The first five getters
+/// stand in this order in every host; later ones are added after them.
 class ExchangeContext {
  public:
   virtual CTcadEng* GetCadEngine() = 0;

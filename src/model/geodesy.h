@@ -29,8 +29,8 @@ struct PlanePosition {
   double elev = UndefinedValue;
 };
 
-/// The way between one plane reference system and GPS coordinates. Each answers false, with the result untouched, for
-/// a place that cannot be transformed.
+/// The way between one plane reference system and GPS coordinates. Each answers false, with the
+/// result untouched, for a place that cannot be transformed.
 class ICoordTransform {
  public:
   virtual ~ICoordTransform();
@@ -38,7 +38,8 @@ class ICoordTransform {
   virtual bool ToPlane(const Geographic& place, PlanePosition& plane) const = 0;
 };
 
-/// Geodesy of the host. The model works without: positions are then not derived, and no reference system is valid.
+/// Geodesy of the host. The model works without: positions are then not derived, and no reference
+/// system is valid.
 class IGeodesy {
  public:
   virtual ~IGeodesy();
@@ -46,8 +47,8 @@ class IGeodesy {
   /// False, with the result untouched, when the host cannot say.
   virtual bool ToGeographic(const Geocentric& from, Geographic& to) = 0;
   virtual bool ToGeocentric(const Geographic& from, Geocentric& to) = 0;
-  /// The transformation of a plane reference system named AUTHORITY:CODE; it lives as long as this object. Null when
-  /// there is no such system or it is none of plane coordinates.
+  /// The transformation of a plane reference system named AUTHORITY:CODE; it lives as long as this
+  /// object. Null when there is no such system or it is none of plane coordinates.
   virtual const ICoordTransform* TransformOf(const tdk::WString& crs) = 0;
 
   /// The geodesy of this process; null when there is none. Not owned.

@@ -44,8 +44,8 @@ bool CConvCoord::PlanAttToGrafGps(double north, double east, double elev, double
   return true;
 }
 
-bool CConvCoord::GrafGpsToPlanAtt(double lat, double lon, double height, double& north, double& east,
-                                  double& elev) const {
+bool CConvCoord::GrafGpsToPlanAtt(double lat, double lon, double height, double& north,
+                                  double& east, double& elev) const {
   const ICoordTransform* const transform = Transform();
   PlanePosition plane;
   if (transform == nullptr || !transform->ToPlane({lat, lon, height}, plane)) return false;

@@ -18,11 +18,11 @@ class CConvCoord {
   /// Whether the host has a transformation for it.
   bool IsValid() const { return Transform() != nullptr; }
 
-  /// Plane coordinates (metres) to latitude, longitude (radians) and ellipsoidal height (metres). The word after the
-  /// elevation is for hosts with local systems and is not used here. False, with the results untouched, when there
-  /// is no transformation or it fails.
-  bool PlanAttToGrafGps(double north, double east, double elev, double local, double& lat, double& lon,
-                        double& height) const;
+  /// Plane coordinates (metres) to latitude, longitude (radians) and ellipsoidal height (metres).
+  /// The word after the elevation is for hosts with local systems and is not used here. False, with
+  /// the results untouched, when there is no transformation or it fails.
+  bool PlanAttToGrafGps(double north, double east, double elev, double local, double& lat,
+                        double& lon, double& height) const;
   /// The reverse.
   bool GrafGpsToPlanAtt(double lat, double lon, double height, double& north, double& east,
                         double& elev) const;
@@ -51,8 +51,8 @@ class CPunGps : public CEgn {
   tdk::WString GetCode() const { return GetSecScri(); }
   void SetCode(const tdk::WString& code) { SetSecScri(code); }
 
-  /// Latitude and longitude in radians, ellipsoidal height of the ground point in metres. What was not set is
-  /// derived from the geocentric ground point, where there is one.
+  /// Latitude and longitude in radians, ellipsoidal height of the ground point in metres. What was
+  /// not set is derived from the geocentric ground point, where there is one.
   double GetLat() const { return Derived(&Geographic::lat); }
   void SetLat(double lat) { place_.lat = lat; }
   double GetLong() const { return Derived(&Geographic::lon); }
@@ -111,8 +111,8 @@ class CPunGps : public CEgn {
   void GetGeocCeFaMis(double& x, double& y, double& z) const;
   void SetGeocCeFaMis(double x, double y, double z) { phaseCentre_ = {x, y, z}; }
 
-  /// The ground point: the phase centre less the antenna height along the normal of the WGS 84 ellipsoid. Undefined
-  /// without a phase centre or without geodesy.
+  /// The ground point: the phase centre less the antenna height along the normal of the WGS 84
+  /// ellipsoid. Undefined without a phase centre or without geodesy.
   void GetGeocTerrMis(double& x, double& y, double& z) const;
   void GetGeocTerrWgs84(double& x, double& y, double& z) const { GetGeocTerrMis(x, y, z); }
 
@@ -147,7 +147,8 @@ class CGrpGps : public CEgn, public TargetDrawingHolder {
   tdk::WString GetData() const { return tdk::WString(date_.View()); }
   void SetData(const tdk::WString& date) { date_.Set(date.ToUtf8()); }
 
-  /// Position of the base's ground point: radians, metres; derived like a point's where it was not set.
+  /// Position of the base's ground point: radians, metres; derived like a point's where it was not
+  /// set.
   double GetBaseLat() const { return Derived(&Geographic::lat); }
   void SetBaseLat(double lat) { base_.lat = lat; }
   double GetBaseLong() const { return Derived(&Geographic::lon); }

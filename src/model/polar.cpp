@@ -46,8 +46,8 @@ Place Locate(const Instrument& instrument, const Observation& observation, doubl
 
 Observation Observe(const Instrument& instrument, const Place& target, double prismHeight,
                     double orientation) {
-  if (!IsPlaneDefined(instrument.mark) || !IsDefined(instrument.mark.z) || !IsPlaneDefined(target) ||
-      !IsDefined(target.z)) {
+  if (!IsPlaneDefined(instrument.mark) || !IsDefined(instrument.mark.z) ||
+      !IsPlaneDefined(target) || !IsDefined(target.z)) {
     return {};
   }
   const double east = target.x - instrument.mark.x;

@@ -31,13 +31,14 @@ Instrument InstrumentOf(const CSta& station);
 double HeightDifference(double slopeDistance, double zenith);
 double HorizontalDistance(double slopeDistance, double zenith);
 
-/// The place that an observation leads to. `orientation` is the azimuth of the zero direction (gon, clockwise from
-/// north). Easting and northing are undefined without distance, angles or the mark's easting and northing, the
-/// elevation also without the mark's elevation.
+/// The place that an observation leads to. `orientation` is the azimuth of the zero direction (gon,
+/// clockwise from north). Easting and northing are undefined without distance, angles or the mark's
+/// easting and northing, the elevation also without the mark's elevation.
 Place Locate(const Instrument& instrument, const Observation& observation, double prismHeight,
              double orientation);
 
-/// The observation of a place, the reverse of Locate: directions within 0..400 gon, zenith angles within 0..200.
-/// All of it is undefined when a coordinate is, or when the prism would stand in the instrument's axis.
+/// The observation of a place, the reverse of Locate: directions within 0..400 gon, zenith angles
+/// within 0..200. All of it is undefined when a coordinate is, or when the prism would stand in the
+/// instrument's axis.
 Observation Observe(const Instrument& instrument, const Place& target, double prismHeight,
                     double orientation);

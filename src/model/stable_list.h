@@ -8,9 +8,10 @@
 #include <utility>
 #include <vector>
 
-/// A list that only grows at its end. Appending and addressing by index take constant time, and an element stays
-/// where it is, so the host may hand out pointers. Elements lie in blocks of 4, 8, 16, … of them: small lists
-/// stay small, and the unused end of a large block costs address space but no memory.
+/// A list that only grows at its end. Appending and addressing by index take constant time, and an
+/// element stays where it is, so the host may hand out pointers. Elements lie in blocks of 4, 8,
+/// 16, … of them: small lists stay small, and the unused end of a large block costs address space
+/// but no memory.
 template <class T>
 class StableList {
  public:
@@ -55,8 +56,7 @@ class StableList {
 
   // Block k begins at index kFirstBlock * (2^k - 1).
   static Place PlaceOf(std::size_t index) {
-    const std::size_t shifted = index / kFirstBlock + 1;
-    const auto block = static_cast<std::size_t>(std::bit_width(shifted)) - 1;
+    const auto block = static_cast<std::size_t>(std::bit_width(index / kFirstBlock + 1) - 1);
     return {block, index - kFirstBlock * ((std::size_t{1} << block) - 1)};
   }
 

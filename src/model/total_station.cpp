@@ -2,7 +2,8 @@
 
 #include "model/polar.h"
 
-CPun::CPun(CCloudTable* /*cloud*/, bool /*notify*/, CSta* station, CLibCmpChangeContext* /*context*/)
+CPun::CPun(CCloudTable* /*cloud*/, bool /*notify*/, CSta* station,
+           CLibCmpChangeContext* /*context*/)
     : station_(station) {}
 
 CPun::~CPun() = default;
@@ -30,8 +31,9 @@ void CPun::SetCoordEtCalcMisure(bool /*notify*/, double x, double y, double z, C
   SetCoord(x, y, z);
   prismHeight_ = prismHeight;
   prismOffset_ = prismOffset;
-  const Observation observation =
-      station_ == nullptr ? Observation{} : Observe(InstrumentOf(*station_), {x, y, z}, prismHeight, how.orientation);
+  const Observation observation = station_ == nullptr ? Observation{}
+                                                      : Observe(InstrumentOf(*station_), {x, y, z},
+                                                                prismHeight, how.orientation);
   SetDtIntAng(observation.slopeDistance, observation.zenith, observation.horizontal, dateTime);
 }
 

@@ -24,11 +24,13 @@ struct CCalcDsOr {
   double orientation = 0;
 };
 
-/// One observed point. Distances and heights in metres, angles in gon; what was not measured is undefined.
+/// One observed point. Distances and heights in metres, angles in gon; what was not measured is
+/// undefined.
 class CPun : public CEgn {
  public:
-  /// `station` is the one it was observed from, not owned, may be null. A point that a library adds is built so too;
-  /// the cloud table, the flag and the context are for hosts that share jobs and are not used here.
+  /// `station` is the one it was observed from, not owned, may be null. A point that a library adds
+  /// is built so too; the cloud table, the flag and the context are for hosts that share jobs and
+  /// are not used here.
   CPun(CCloudTable* cloud, bool notify, CSta* station, CLibCmpChangeContext* context);
   ~CPun() override;
 
@@ -49,7 +51,8 @@ class CPun : public CEgn {
   double GetDato0() const { return slopeDistance_; }
   double GetDato1() const { return zenith_; }
   double GetDato2() const { return horizontal_; }
-  /// Stores slope distance, zenith angle, horizontal direction and the time (milliseconds UTC, 0: none).
+  /// Stores slope distance, zenith angle, horizontal direction and the time (milliseconds UTC, 0:
+  /// none).
   void SetDtIntAng(double dato0, double dato1, double dato2, std::uint64_t dateTime);
   std::uint64_t GetDateTime() const { return dateTime_; }
   unsigned GetPrismType() const { return prismType_; }
@@ -57,16 +60,17 @@ class CPun : public CEgn {
   double GetPrismOffset() const { return prismOffset_; }
   void SetPrismOffset(double offset) { prismOffset_ = offset; }
 
-  /// Height difference (slope distance times cosine of the zenith angle) and horizontal distance (times sine);
-  /// undefined when a part is.
+  /// Height difference (slope distance times cosine of the zenith angle) and horizontal distance
+  /// (times sine); undefined when a part is.
   double GetDfQu() const;
   double GetDiOr() const;
 
-  /// Stores the coordinates and the time and, where the station's coordinates are defined, derives the observation
-  /// from them. `prismHeight` and `prismOffset` are stored as given.
+  /// Stores the coordinates and the time and, where the station's coordinates are defined, derives
+  /// the observation from them. `prismHeight` and `prismOffset` are stored as given.
   void SetCoordEtCalcMisure(bool notify, double x, double y, double z, CCalcDsOr& how,
                             std::uint64_t dateTime, double prismHeight, double prismOffset);
-  /// Derives coordinates from the observation and the station. What cannot be derived becomes undefined.
+  /// Derives coordinates from the observation and the station. What cannot be derived becomes
+  /// undefined.
   void CalcolaCoordAssolute(bool notify, CCalcDsOr& how);
 
   const CSta* GetSta() const { return station_; }
@@ -137,9 +141,9 @@ class CJob : public TargetDrawingHolder {
   int index_;
 };
 
-/// The total-station library. Indices count from 0 in order of addition; an object that an index does not reach is
-/// null, a list that an index does not reach is empty. All objects belong to the library and stay where they are.
-/// It is also the list of the job's control (orientation) records.
+/// The total-station library. Indices count from 0 in order of addition; an object that an index
+/// does not reach is null, a list that an index does not reach is empty. All objects belong to the
+/// library and stay where they are. It is also the list of the job's control (orientation) records.
 class CLibCmp : public CLibConOri, public TargetDrawingHolder {
  public:
   int GetJobArSize() const { return CountOf(jobs_); }
@@ -149,15 +153,15 @@ class CLibCmp : public CLibConOri, public TargetDrawingHolder {
   CSta* GetStaAt(int job, int sta) const;
   CPun* GetPunAt(int job, int sta, int pun) const;
 
-  /// Each appends an empty object and returns it; null when the host refuses or the parent is not there. The flag
-  /// asks the host to tell its views.
+  /// Each appends an empty object and returns it; null when the host refuses or the parent is not
+  /// there. The flag asks the host to tell its views.
   CJob* AddJob(bool notify);
   CSta* AddSta(int job, bool notify);
   CPun* AddPun(int job, int sta, bool notify);
   CPun* AddPun(CSta* sta, bool notify);
 
-  /// Finds the indices of an object of this library, in constant time. False, with the indices untouched, when it
-  /// is not one of them.
+  /// Finds the indices of an object of this library, in constant time. False, with the indices
+  /// untouched, when it is not one of them.
   bool GetIndiciDiSta(const CSta* station, int& job, int& sta) const;
   bool GetIndiciDiJob(const CJob* object, int& job) const;
 
@@ -171,8 +175,8 @@ class CLibCmp : public CLibConOri, public TargetDrawingHolder {
 
  private:
   StableList<CJob> jobs_;
-  // Of all stations, in order of addition: a list for each would leave a gap at its end, and a field job has
-  // thousands of stations with a few points each.
+  // Of all stations, in order of addition: a list for each would leave a gap at its end, and a
+  // field job has thousands of stations with a few points each.
   StableList<CPun> points_;
   CSta* currentStation_ = nullptr;
   CLibCmpChangeContext context_;

@@ -1,5 +1,5 @@
-// Several exchanges say nothing when a file cannot be opened or written: that is how their dialogs behave. The
-// host may still want to know, so the one place that opens files tells it here.
+// Several exchanges say nothing when a file cannot be opened or written: that is how their dialogs
+// behave. The host may still want to know, so the one place that opens files tells it here.
 #pragma once
 
 #include <functional>
@@ -16,7 +16,8 @@ struct FileTrouble {
 
 using FileTroubleListener = std::function<void(const FileTrouble&)>;
 
-/// Sets who is told of trouble with files (an empty function: nobody) and returns the listener that was there.
+/// Sets who is told of trouble with files (an empty function: nobody) and returns the listener that
+/// was there.
 FileTroubleListener SetFileTroubleListener(FileTroubleListener listener);
 
 /// Tells the listener, if there is one. `error` is an errno value.

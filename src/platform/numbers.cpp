@@ -52,14 +52,17 @@ void AppendScaled(std::string& text, bool negative, std::uint64_t units, int dec
     *--at = '.';
   }
   while (units >= 100) pair();
-  if (units >= 10) pair();
-  else digit();
+  if (units >= 10)
+    pair();
+  else
+    digit();
   if (negative) *--at = '-';
   text.append(at, static_cast<std::size_t>(end - at));
 }
 
-// Three times faster than the library, and exact: the product is off by at most half a unit of its last place
-// (value * 2^-53), so unless it lies that close to a half-way point its nearest whole number is the right one.
+// Three times faster than the library, and exact: the product is off by at most half a unit of its
+// last place (value * 2^-53), so unless it lies that close to a half-way point its nearest whole
+// number is the right one.
 bool AppendFixedQuickly(std::string& text, double value, int decimals) {
   if (decimals > 18) return false;
   const double scaled = std::fabs(value) * kExactPowers[static_cast<std::size_t>(decimals)];
@@ -132,8 +135,8 @@ class DecimalScanner {
   DecimalScan scan_;
 };
 
-// For a number that is not zero: true when it is at least 1. The library says that a number is out of range, but
-// not past which end.
+// For a number that is not zero: true when it is at least 1. The library says that a number is out
+// of range, but not past which end.
 bool IsLarge(std::string_view number) {
   const std::size_t exponentAt = number.find_first_of("eE");
   const std::string_view mantissa = number.substr(0, exponentAt);

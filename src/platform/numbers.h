@@ -17,13 +17,13 @@ void AppendShortest(std::string& text, double value);
 
 void AppendWhole(std::string& text, std::int64_t value);
 
-/// The longest prefix that is a decimal number (sign, digits, "." or "," as decimal separator, exponent), after
-/// leading blanks. No such prefix: 0. Too large for a double: `beyondRange`, whatever the sign; too small: 0.
-/// "inf", "nan" and hexadecimal are no numbers.
+/// The longest prefix that is a decimal number (sign, digits, "." or "," as decimal separator,
+/// exponent), after leading blanks. No such prefix: 0. Too large for a double: `beyondRange`,
+/// whatever the sign; too small: 0. "inf", "nan" and hexadecimal are no numbers.
 double ParseDecimalPrefix(std::string_view text, double beyondRange);
 
-/// The longest prefix that is a whole number (sign, digits), after leading blanks; held within the range of the
-/// type. Nothing when there is none.
+/// The longest prefix that is a whole number (sign, digits), after leading blanks; held within the
+/// range of the type. Nothing when there is none.
 std::optional<std::int64_t> ParseWholePrefix(std::string_view text);
 
 /// The whole text as a whole number, nothing else around it.

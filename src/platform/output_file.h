@@ -8,10 +8,10 @@
 
 namespace platform {
 
-/// A file that replaces its target when it is complete. The text goes into a new file beside the target, which
-/// takes the target's place in Commit; until then, and whenever anything fails, the old file stays as it was.
-/// Where that cannot be (a device, a pipe, a folder that takes no new files) the target itself is written.
-/// Every failure is reported through file_trouble.h.
+/// A file that replaces its target when it is complete. The text goes into a new file beside the
+/// target, which takes the target's place in Commit; until then, and whenever anything fails, the
+/// old file stays as it was. Where that cannot be (a device, a pipe, a folder that takes no new
+/// files) the target itself is written. Every failure is reported through file_trouble.h.
 class OutputFile {
  public:
   OutputFile() = default;
@@ -24,7 +24,8 @@ class OutputFile {
   bool Open(std::string_view path);
   bool IsOpen() const { return file_ >= 0; }
 
-  /// Where the next text is appended; pass it on with Flush now and then, FlushIfLarge between records.
+  /// Where the next text is appended; pass it on with Flush now and then, FlushIfLarge between
+  /// records.
   std::string& Buffer() { return buffer_; }
   void FlushIfLarge() {
     if (buffer_.size() >= kFlushSize) Flush();

@@ -1,5 +1,5 @@
-// Paths as the host writes them (folders end in a backslash, parts are joined with backslashes) and as the system
-// takes them.
+// Paths as the host writes them (folders end in a backslash, parts are joined with backslashes) and
+// as the system takes them.
 #pragma once
 
 #include <optional>
@@ -11,7 +11,8 @@ namespace platform {
 /// The path as the system takes it: every backslash becomes a slash.
 std::string NativePath(std::string_view path);
 
-/// True for a path that is used as it stands: one that begins with a slash or a backslash, or holds a colon.
+/// True for a path that is used as it stands: one that begins with a slash or a backslash, or holds
+/// a colon.
 bool IsAbsolutePath(std::string_view path);
 
 /// `folder` and `name` joined with one backslash; `folder` may end in a separator or be empty.
@@ -23,8 +24,8 @@ std::string_view FileName(std::string_view path);
 /// The extension in lower case, without the dot; empty when the file name has none.
 std::string Extension(std::string_view path);
 
-/// The folder of the running executable, with its final separator. Nothing when the system does not tell it or
-/// when the path is longer than 1,023 characters.
+/// The folder of the running executable, with its final separator. Nothing when the system does not
+/// tell it or when the path is longer than 1,023 characters.
 std::optional<std::string> ExecutableFolder();
 
 }  // namespace platform

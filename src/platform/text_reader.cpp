@@ -40,7 +40,8 @@ bool TextReader::Open(std::string_view path) {
   return true;
 }
 
-// Brings at least `wanted` unread bytes into the block, or all that the file still has. True when any are there.
+// Brings at least `wanted` unread bytes into the block, or all that the file still has. True when
+// any are there.
 bool TextReader::Fill(std::size_t wanted) {
   if (end_ - begin_ >= wanted || atEnd_) return begin_ != end_;
   std::memmove(block_.data(), block_.data() + begin_, end_ - begin_);

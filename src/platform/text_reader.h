@@ -10,8 +10,9 @@
 
 namespace platform {
 
-/// Reads a file as a text-mode line-reading call does: CR LF reaches the caller as LF, a line that is longer than
-/// the caller's limit comes in pieces. Holds one block of the file, whatever the length of its lines.
+/// Reads a file as a text-mode line-reading call does: CR LF reaches the caller as LF, a line that
+/// is longer than the caller's limit comes in pieces. Holds one block of the file, whatever the
+/// length of its lines.
 class TextReader {
  public:
   TextReader() = default;
@@ -19,11 +20,13 @@ class TextReader {
   TextReader(const TextReader&) = delete;
   TextReader& operator=(const TextReader&) = delete;
 
-  /// Opens `path` (backslashes allowed). False, and trouble reported, when that fails or a folder is there.
+  /// Opens `path` (backslashes allowed). False, and trouble reported, when that fails or a folder
+  /// is there.
   bool Open(std::string_view path);
 
-  /// The next piece: the characters up to and with the next line feed, at most `limit` (1..32,768) of them. Valid
-  /// until the next call. Nothing at the end of the file; a read error ends it too, and is reported.
+  /// The next piece: the characters up to and with the next line feed, at most `limit` (1..32,768)
+  /// of them. Valid until the next call. Nothing at the end of the file; a read error ends it too,
+  /// and is reported.
   std::optional<std::string_view> NextPiece(std::size_t limit);
 
   /// Bytes handed out so far, and the size of the file (0 when it has none, as a pipe).

@@ -18,8 +18,8 @@ enum class DialogSet {
   kWrongValue   ///< the control cannot hold that value; nothing was changed
 };
 
-/// The presenter of one dialog: all that it shows, checks and decides. A view (windows or a script) shows State,
-/// puts what the user enters into Set and presses buttons; it decides nothing.
+/// The presenter of one dialog: all that it shows, checks and decides. A view (windows or a script)
+/// shows State, puts what the user enters into Set and presses buttons; it decides nothing.
 class Dialog {
  public:
   /// Codes that dialogs close with.

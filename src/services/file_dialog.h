@@ -8,14 +8,16 @@
 /// Scripts know it as "file", with the keys folder, extensions, import, initialName and path.
 class CDlgImportExportGeneric : public Dialog {
  public:
-  /// The two managers and the resource number are for hosts with several layouts; -1 is the usual one.
+  /// The two managers and the resource number are for hosts with several layouts; -1 is the usual
+  /// one.
   CDlgImportExportGeneric(ICloudManager* cloud, CWnd* parent, int resource);
   ~CDlgImportExportGeneric() override;
 
-  /// `folder`: where it starts. `title`: as shown. `extensions`: without dots, divided by semicolons. `isImport`: a
-  /// file to open, else a file to write. `initialName`: the name offered, may be empty.
-  void SetVars(const tdk::WString& folder, const tdk::WString& title, const tdk::WString& extensions,
-               bool isImport, const tdk::WString& initialName);
+  /// `folder`: where it starts. `title`: as shown. `extensions`: without dots, divided by
+  /// semicolons. `isImport`: a file to open, else a file to write. `initialName`: the name offered,
+  /// may be empty.
+  void SetVars(const tdk::WString& folder, const tdk::WString& title,
+               const tdk::WString& extensions, bool isImport, const tdk::WString& initialName);
   /// Shows the dialog; 1 when the user confirmed.
   int DoModal();
   /// The full path of the chosen file.

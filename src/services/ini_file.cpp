@@ -44,13 +44,14 @@ std::string JobSettings::Get(const std::string& section, const std::string& key,
   return file_->ini.GetValue(section.c_str(), key.c_str(), fallback.c_str());
 }
 
-void JobSettings::Set(const std::string& section, const std::string& key, const std::string& value) {
+void JobSettings::Set(const std::string& section, const std::string& key,
+                      const std::string& value) {
   file_->ini.SetValue(section.c_str(), key.c_str(), value.c_str());
   changed_ = true;
 }
 
-void JobSettings::ForEach(
-    const std::function<void(const std::string&, const std::string&, const std::string&)>& visit) const {
+void JobSettings::ForEach(const std::function<void(const std::string&, const std::string&,
+                                                   const std::string&)>& visit) const {
   CSimpleIniA::TNamesDepend sections;
   file_->ini.GetAllSections(sections);
   sections.sort(CSimpleIniA::Entry::LoadOrder());
@@ -95,7 +96,8 @@ JobSettings& JobSettings::Current() {
   return CurrentPointer() == nullptr ? nobodys : *CurrentPointer();
 }
 
-std::int16_t CIniFile::ReadShort(const char* section, const char* key, std::int16_t fallback) const {
+std::int16_t CIniFile::ReadShort(const char* section, const char* key,
+                                 std::int16_t fallback) const {
   using Limits = std::numeric_limits<std::int16_t>;
   return static_cast<std::int16_t>(
       ReadWhole(section, key, Limits::min(), Limits::max()).value_or(fallback));

@@ -8,7 +8,8 @@
 
 #include "tdk/wstring.h"
 
-/// The settings of one job in memory. Comments and the order of a file that was loaded are kept when it is saved.
+/// The settings of one job in memory. Comments and the order of a file that was loaded are kept
+/// when it is saved.
 class JobSettings {
  public:
   JobSettings();
@@ -16,14 +17,15 @@ class JobSettings {
   JobSettings(const JobSettings&) = delete;
   JobSettings& operator=(const JobSettings&) = delete;
 
-  /// Replaces all settings by those of a file (native path). False when it cannot be read; a file that is not there
-  /// is an empty one.
+  /// Replaces all settings by those of a file (native path). False when it cannot be read; a file
+  /// that is not there is an empty one.
   bool Load(const std::string& path);
   /// Writes the file anew, whole or not at all. False, and trouble reported, when that fails.
   bool Save(const std::string& path);
 
   /// The text under a key, or `fallback`.
-  std::string Get(const std::string& section, const std::string& key, const std::string& fallback) const;
+  std::string Get(const std::string& section, const std::string& key,
+                  const std::string& fallback) const;
   void Set(const std::string& section, const std::string& key, const std::string& value);
   /// Calls `visit` for every setting, in the file's order.
   void ForEach(const std::function<void(const std::string& section, const std::string& key,
@@ -45,8 +47,8 @@ class JobSettings {
   bool changed_ = false;
 };
 
-/// Reads and writes the current job's settings. A value that is not there, or is none of its type, reads as the
-/// given default.
+/// Reads and writes the current job's settings. A value that is not there, or is none of its type,
+/// reads as the given default.
 class CIniFile {
  public:
   std::int16_t ReadShort(const char* section, const char* key, std::int16_t fallback) const;

@@ -16,4 +16,6 @@ void CJobsFolder::SetJobFolder(const tdk::WString& folder) {
 }
 
 tdk::WString CJobsFolder::GetJobNameFolderNoSlash() { return tdk::WString(CurrentFolder()); }
-tdk::WString CJobsFolder::GetJobNameFolderWthSlash() { return tdk::WString(CurrentFolder() + '\\'); }
+tdk::WString CJobsFolder::GetJobNameFolderWthSlash() {
+  return tdk::WString(CurrentFolder() + '\\');
+}

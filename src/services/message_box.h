@@ -11,8 +11,8 @@ inline constexpr int kAnswerOk = 1;
 inline constexpr int kAnswerYes = 6;
 inline constexpr int kAnswerNo = 7;
 
-/// Shows a message box over `parent`; caption and text as they are to be read (already translated). Returns the
-/// code of the button: kAnswerOk, or kAnswerYes or kAnswerNo when `flags` has kBoxYesNo. Without views nothing is
-/// shown, and a question is answered No.
+/// Shows a message box over `parent`; caption and text as they are to be read (already translated).
+/// Returns the code of the button: kAnswerOk, or kAnswerYes or kAnswerNo when `flags` has
+/// kBoxYesNo. Without views nothing is shown, and a question is answered No.
 int CreateMessageBox(CWnd* parent, const tdk::WString& caption, const tdk::WString& text,
                      unsigned flags);

@@ -7,8 +7,8 @@
 #include "platform/output_file.h"
 #include "tdk/wstring.h"
 
-/// Writes text lines in the 8-bit code page. Every write is a no-op while the file is not open. The file takes the
-/// place of an older one when it is closed.
+/// Writes text lines in the 8-bit code page. Every write is a no-op while the file is not open. The
+/// file takes the place of an older one when it is closed.
 class TextFileSink {
  public:
   static constexpr int kClosed = -1;
@@ -20,8 +20,8 @@ class TextFileSink {
   TextFileSink(const TextFileSink&) = delete;
   TextFileSink& operator=(const TextFileSink&) = delete;
 
-  /// Creates the file. A path that is not absolute lies in the folder of the running executable. False when the path
-  /// is empty or the file cannot be created.
+  /// Creates the file. A path that is not absolute lies in the folder of the running executable.
+  /// False when the path is empty or the file cannot be created.
   bool Open(const tdk::WString& path, bool deleteOnClose, int mode);
   void WriteText(const tdk::WString& text);
   /// The text, then the line end.

@@ -11,8 +11,8 @@
 
 namespace {
 
-// A compiled gettext catalogue: a header of 32-bit words, then two tables of (length, offset), one for the
-// originals and one for the translations.
+// A compiled gettext catalogue: a header of 32-bit words, then two tables of (length, offset), one
+// for the originals and one for the translations.
 class Catalogue {
  public:
   explicit Catalogue(std::span<const unsigned char> bytes) : bytes_(bytes) {

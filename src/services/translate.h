@@ -7,8 +7,8 @@
 
 #include "tdk/wstring.h"
 
-/// Chooses the language of Xlate: "en" or "it", or a locale's name that begins so ("it_IT.UTF-8"). Anything else is
-/// English. False when it is no language that there is.
+/// Chooses the language of Xlate: "en" or "it", or a locale's name that begins so ("it_IT.UTF-8").
+/// Anything else is English. False when it is no language that there is.
 bool SetLanguage(std::string_view name);
 std::string_view Language();
 /// The languages there are.
@@ -18,7 +18,8 @@ std::vector<std::string_view> Languages();
 tdk::WString Xlate(const char* text);
 tdk::WString Xlate(const tdk::WString& text);
 
-/// Marks a text that Xlate gets later, out of a table or a parameter, so that the catalogues have it.
+/// Marks a text that Xlate gets later, out of a table or a parameter, so that the catalogues have
+/// it.
 constexpr const char* ToXlate(const char* text) { return text; }
 
 /// `pattern` with {1}, {2}, … replaced by the arguments in their order.

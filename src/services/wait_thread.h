@@ -8,8 +8,8 @@ class CWaitThread {
  public:
   static CWaitThread* GetInstance();
 
-  /// Shows the indicator over `parent` until EndWait; calls may nest and only the outermost shows. The second word
-  /// is for hosts with several indicators and is not used here.
+  /// Shows the indicator over `parent` until EndWait; calls may nest and only the outermost shows.
+  /// The second word is for hosts with several indicators and is not used here.
   void StartWait(CWnd* parent, int indicator);
   void EndWait();
 

@@ -14,7 +14,8 @@ struct ExchangeNote {
   tdk::WString text;       ///< in the user's language
 };
 
-/// The user interface of a host: real windows, or answers from a script. The module has none of its own.
+/// The user interface of a host: real windows, or answers from a script. The module has none of its
+/// own.
 class HostViews {
  public:
   virtual ~HostViews();
@@ -22,7 +23,8 @@ class HostViews {
   /// Shows `dialog` and drives it until it closes; returns the code it closed with.
   virtual int ShowDialog(Dialog& dialog) = 0;
   /// Shows a message box; returns the code of the button (see message_box.h).
-  virtual int ShowMessage(const tdk::WString& caption, const tdk::WString& text, unsigned flags) = 0;
+  virtual int ShowMessage(const tdk::WString& caption, const tdk::WString& text,
+                          unsigned flags) = 0;
   virtual void StartWait() = 0;
   virtual void EndWait() = 0;
 

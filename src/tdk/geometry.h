@@ -1,4 +1,5 @@
-// Points, vectors and segments of the host. X is the easting, Y the northing, Z the elevation, in metres.
+// Points, vectors and segments of the host. X is the easting, Y the northing, Z the elevation, in
+// metres.
 #pragma once
 
 namespace tdk::geom {

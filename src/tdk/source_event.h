@@ -11,7 +11,8 @@ class ISourceEventListener {
   virtual void OnEndEvent() = 0;
 };
 
-/// Something whose changes others watch. Between BeginEvent and EndEvent the watcher waits; batches may nest.
+/// Something whose changes others watch. Between BeginEvent and EndEvent the watcher waits; batches
+/// may nest.
 class CSourceEvent {
  public:
   virtual ~CSourceEvent();

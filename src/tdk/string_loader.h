@@ -15,8 +15,8 @@ struct StringEntry {
 /// The texts by number of every library that has made its table known.
 class CStringLoader {
  public:
-  /// Makes the table of a library known. `instance` stands for the library: a second call for the same one
-  /// replaces its table. The entries must live as long as the library stays loaded.
+  /// Makes the table of a library known. `instance` stands for the library: a second call for the
+  /// same one replaces its table. The entries must live as long as the library stays loaded.
   static void Init(const void* instance, std::span<const StringEntry> table);
   static void Remove(const void* instance);
 

@@ -19,8 +19,9 @@ std::wstring WString::ToWide() const {
 
 std::size_t WString::Length() const {
   // Every byte that does not continue a character starts one.
-  return static_cast<std::size_t>(std::count_if(
-      utf8_.begin(), utf8_.end(), [](char c) { return (static_cast<unsigned char>(c) & 0xC0) != 0x80; }));
+  return static_cast<std::size_t>(std::count_if(utf8_.begin(), utf8_.end(), [](char c) {
+    return (static_cast<unsigned char>(c) & 0xC0) != 0x80;
+  }));
 }
 
 WString ConvertString(std::string_view text, int /*codePage*/) {

@@ -7,14 +7,15 @@
 
 namespace tdk {
 
-/// A text of the host: every name, path and message. It holds any Unicode text and keeps it as UTF-8, so that
-/// the texts of a job stay small and reach a file without a detour. Bytes that are no UTF-8 (a path may hold
-/// them) are kept as they are.
+/// A text of the host: every name, path and message. It holds any Unicode text and keeps it as
+/// UTF-8, so that the texts of a job stay small and reach a file without a detour. Bytes that are
+/// no UTF-8 (a path may hold them) are kept as they are.
 class WString {
  public:
   WString() = default;
-  WString(const char* utf8) : utf8_(utf8) {}  // NOLINT(google-explicit-constructor): texts are written so
-  WString(const wchar_t* wide);               // NOLINT(google-explicit-constructor)
+  WString(const char* utf8)
+      : utf8_(utf8) {}           // NOLINT(google-explicit-constructor): texts are written so
+  WString(const wchar_t* wide);  // NOLINT(google-explicit-constructor)
   explicit WString(std::string utf8) : utf8_(std::move(utf8)) {}
   explicit WString(std::string_view utf8) : utf8_(utf8) {}
 
@@ -38,7 +39,8 @@ class WString {
   std::string utf8_;
 };
 
-/// 8-bit text in a code page as a host string. `codePage` 0 is the system's own, Windows-1252, and the only one.
+/// 8-bit text in a code page as a host string. `codePage` 0 is the system's own, Windows-1252, and
+/// the only one.
 WString ConvertString(std::string_view text, int codePage);
 
 /// The name of the host program.

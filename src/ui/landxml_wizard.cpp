@@ -17,6 +17,7 @@ constexpr std::size_t kPointGroups = 2;
 template <class NameAt>
 std::vector<tdk::WString> Names(int count, NameAt nameAt) {
   std::vector<tdk::WString> names;
+  names.reserve(static_cast<std::size_t>(count));
   for (int i = 0; i < count; ++i) names.push_back(nameAt(i));
   return names;
 }
@@ -77,8 +78,8 @@ void LandXmlWizard::Run(CWnd* parent) {
   for (;;) {
     const int code = ShowDialog(parent, pages_[static_cast<std::size_t>(page)]);
     if (code == Dialog::kCancel) return;
-    // Before the first page and after the last there is none to show, so the page stays; any other code shows it
-    // again.
+    // Before the first page and after the last there is none to show, so the page stays; any other
+    // code shows it again.
     if (code == LandXmlPage::kBack) page = std::max(page - 1, 0);
     if (code == LandXmlPage::kForward) page = std::min(page + 1, kLastPage);
   }

@@ -42,7 +42,8 @@ class LandXmlWizard {
   /// Lists what `document` holds; it must outlive the wizard.
   explicit LandXmlWizard(ExchangeContext& document);
 
-  /// Shows the pages until one ends the wizard, which is what "Cancel" does: the choice then stands as it is.
+  /// Shows the pages until one ends the wizard, which is what "Cancel" does: the choice then stands
+  /// as it is.
   void Run(CWnd* parent);
 
   /// Libraries and checked items; the path is left empty.

@@ -16,7 +16,8 @@ struct ProgramRun {
   std::string err;
 };
 
-/// Runs `kalvio` with these words in `folder`; English unless the words or the environment say otherwise.
+/// Runs `kalvio` with these words in `folder`; English unless the words or the environment say
+/// otherwise.
 inline ProgramRun RunProgram(const TemporaryFolder& folder, const std::vector<std::string>& words,
                              const std::string& outPath = "") {
   const std::string out = outPath.empty() ? folder.File(".stdout") : outPath;

@@ -16,8 +16,8 @@ class FieldCursor {
   explicit FieldCursor(std::string_view line)
       : rest_(line.substr(std::min<std::size_t>(kPrefixLength, line.size()))) {}
 
-  /// The next field in the system's code page, without white space around it. A field that no separator closes is
-  /// empty, and so are all after it.
+  /// The next field in the system's code page, without white space around it. A field that no
+  /// separator closes is empty, and so are all after it.
   std::string_view Next() {
     const std::size_t end = rest_.find(kSeparator);
     if (end == std::string_view::npos) return {};

@@ -61,8 +61,10 @@ bool Jb2Reader::Run() {
   if (!file.Open(path_.ToUtf8())) return false;
   const ChangeEventScope scope(library_->GetCmpContext());
   ReadLines(file);
-  TellLeftOut(noRecord_, ToXlate("lines without a record that were skipped: {1}; the first is line {2}"));
-  TellLeftOut(cut_, ToXlate("lines longer than 254 characters that were cut: {1}; the first is line {2}"));
+  TellLeftOut(noRecord_,
+              ToXlate("lines without a record that were skipped: {1}; the first is line {2}"));
+  TellLeftOut(
+      cut_, ToXlate("lines longer than 254 characters that were cut: {1}; the first is line {2}"));
   TellLeftOut(refused_, ToXlate("records that the job refused: {1}; the first is on line {2}"));
   return true;
 }
@@ -148,8 +150,8 @@ void Jb2Reader::ReadPolarPoint(FieldCursor fields) {
 }
 
 void Jb2Reader::ReadReducedPoint(FieldCursor fields) {
-  PointRecord record{fields.NextText(), fields.NextText(), fields.NextNumber(),
-                     fields.NextNumber(), 0, 0};
+  PointRecord record{
+      fields.NextText(), fields.NextText(), fields.NextNumber(), fields.NextNumber(), 0, 0};
   const double heightDifference = fields.NextNumber();
   const double horizontalDistance = fields.NextNumber();
   record.zenith = ZenithFromReduced(heightDifference, horizontalDistance);
@@ -174,8 +176,7 @@ bool Jb2Reader::HaveStation() {
   if (currentStation_ >= 0) return true;
   if (!AddJobForOrphans()) return false;
   CSta* const station = library_->AddSta(currentJob_, true);
-  return station != nullptr &&
-         library_->GetIndiciDiSta(station, currentJob_, currentStation_);
+  return station != nullptr && library_->GetIndiciDiSta(station, currentJob_, currentStation_);
 }
 
 // A station before any job gets one without labels. False when the host refuses it.

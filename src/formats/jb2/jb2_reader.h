@@ -16,14 +16,15 @@ namespace jb2 {
 
 class FieldCursor;
 
-/// Appends the jobs, stations and points of one file to a total-station library. Lives for one import.
+/// Appends the jobs, stations and points of one file to a total-station library. Lives for one
+/// import.
 class Jb2Reader {
  public:
   /// `parent` (may be null) is told of progress and of what was left out. `library` is not owned.
   Jb2Reader(CWnd* parent, CLibCmp* library, tdk::WString path);
 
-  /// True when the file was opened and read to its end, whatever it held; false, with nothing changed, when the
-  /// path is empty or the file cannot be opened.
+  /// True when the file was opened and read to its end, whatever it held; false, with nothing
+  /// changed, when the path is empty or the file cannot be opened.
   bool Run();
 
  private:

@@ -9,8 +9,9 @@ inline constexpr char kSeparator = '\x1d';
 
 inline constexpr char kJobLetter = 'L';
 inline constexpr char kStationLetter = 'S';
-inline constexpr char kPolarLetter = 'P';    // slope distance and zenith angle
-inline constexpr char kReducedLetter = 'R';  // horizontal distance and height difference; read, never written
+inline constexpr char kPolarLetter = 'P';  // slope distance and zenith angle
+inline constexpr char kReducedLetter =
+    'R';  // horizontal distance and height difference; read, never written
 
 // Letter, "|" and the first separator; the reader skips them without a look.
 inline constexpr int kPrefixLength = 3;

@@ -12,8 +12,8 @@ class Jb2Writer {
   /// `library` is not owned.
   explicit Jb2Writer(const CLibCmp* library) : library_(library) {}
 
-  /// Writes the file; when it cannot be created or completed an older one stays as it was, and nothing is said here
-  /// (see platform/file_trouble.h).
+  /// Writes the file; when it cannot be created or completed an older one stays as it was, and
+  /// nothing is said here (see platform/file_trouble.h).
   void Write(const tdk::WString& path);
 
  private:

@@ -11,8 +11,8 @@ constexpr std::string_view kManufacturer = "Kalvio";
 constexpr std::string_view kManufacturerVersion = "2012";
 constexpr std::string_view kManufacturerUrl = "https://www.kalvio.example";
 
-// Every file carries this date and time, whenever it was written: readers tell our files by them, and two exports
-// of the same job stay equal.
+// Every file carries this date and time, whenever it was written: readers tell our files by them,
+// and two exports of the same job stay equal.
 constexpr std::string_view kDate = "2009-10-27";
 constexpr std::string_view kTime = "09:30:22";
 

@@ -10,7 +10,8 @@ class CDtmPrj;
 
 namespace landxml {
 
-/// The objects to write, each list in the order in which it is written. All of them stay the host's.
+/// The objects to write, each list in the order in which it is written. All of them stay the
+/// host's.
 struct LandXmlSelection {
   std::vector<const CRoad*> roads;
   const CLibCmp* tsLibrary = nullptr;

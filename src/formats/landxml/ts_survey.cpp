@@ -9,13 +9,14 @@ bool HasPlace(const CEgn& point) {
          IsDefined(point.GetCoordZ());
 }
 
-// `tabs` and `element` with name, description and, northing first, the place; nothing when that is not defined.
+// `tabs` and `element` with name, description and, northing first, the place; nothing when that is
+// not defined.
 void PrintPlace(platform::OutputFile& file, std::string_view tabs, std::string_view element,
                 const CEgn& point) {
   if (!HasPlace(point)) return;
-  PrintLine(file, tabs, "<", element, " name=\"", point.GetNome(), "\" desc=\"",
-            point.GetSecScri(), "\">", point.GetCoordY(), " ", point.GetCoordX(), " ",
-            point.GetCoordZ(), "</", element, ">");
+  PrintLine(file, tabs, "<", element, " name=\"", point.GetNome(), "\" desc=\"", point.GetSecScri(),
+            "\">", point.GetCoordY(), " ", point.GetCoordX(), " ", point.GetCoordZ(), "</", element,
+            ">");
 }
 
 void PrintMeasure(platform::OutputFile& file, std::string_view attribute, double value) {
@@ -24,7 +25,8 @@ void PrintMeasure(platform::OutputFile& file, std::string_view attribute, double
 
 // Angles go out as the job holds them, in gon.
 void WriteObservation(platform::OutputFile& file, int position, const CPun& point) {
-  // The set-up is named by the point's position, not by the station's: that is what readers of these files know.
+  // The set-up is named by the point's position, not by the station's: that is what readers of
+  // these files know.
   Print(file, "\t\t\t<RawObservation setupID=\"Setup", position, "\" ");
   PrintMeasure(file, "targetHeight", point.GetAltPri());
   PrintMeasure(file, "horizAngle", point.GetDato2());

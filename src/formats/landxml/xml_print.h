@@ -29,7 +29,8 @@ inline void Append(std::string& text, RadiansAsDegrees angle) {
   platform::AppendFixed(text, angle.value * kDegreesPerRadian, kDegreeDecimals);
 }
 
-/// Appends the parts one after the other: texts as they are, whole numbers, reals with six decimals.
+/// Appends the parts one after the other: texts as they are, whole numbers, reals with six
+/// decimals.
 template <class... Parts>
 void Print(platform::OutputFile& file, const Parts&... parts) {
   (Append(file.Buffer(), parts), ...);
