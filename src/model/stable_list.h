@@ -56,8 +56,9 @@ class StableList {
 
   // Block k begins at index kFirstBlock * (2^k - 1).
   static Place PlaceOf(std::size_t index) {
-    const auto block = static_cast<std::size_t>(std::bit_width(index / kFirstBlock + 1) - 1);
-    return {block, index - kFirstBlock * ((std::size_t{1} << block) - 1)};
+    const std::size_t rank = index / kFirstBlock + 1;
+    return {static_cast<std::size_t>(std::bit_width(rank) - 1),
+            index - kFirstBlock * (std::bit_floor(rank) - 1)};
   }
 
   void AddBlock() {

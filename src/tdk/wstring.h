@@ -13,9 +13,9 @@ namespace tdk {
 class WString {
  public:
   WString() = default;
-  WString(const char* utf8)
-      : utf8_(utf8) {}           // NOLINT(google-explicit-constructor): texts are written so
-  WString(const wchar_t* wide);  // NOLINT(google-explicit-constructor)
+  // Texts are written so, which makes these two implicit.
+  WString(const char* utf8) : utf8_(utf8) {}  // NOLINT(google-explicit-constructor)
+  WString(const wchar_t* wide);               // NOLINT(google-explicit-constructor)
   explicit WString(std::string utf8) : utf8_(std::move(utf8)) {}
   explicit WString(std::string_view utf8) : utf8_(utf8) {}
 
