@@ -6,6 +6,7 @@
 #include "failure.h"
 #include "file_import.h"
 #include "formats.h"
+#include "host/geodesy/gps_positions.h"
 #include "job_session.h"
 #include "layout.h"
 #include "platform/numbers.h"
@@ -73,16 +74,31 @@ class Summary {
   void TellRead(const std::string& path, const std::string& what) const {
     Tell(Xlate("read").ToUtf8(), path, what);
   }
+  void TellPositions(const CompletedPositions& completed) const {
+    if (completed.plane != 0) {
+      TellLine(Fill(Xlate("worked out the plane coordinates of {1} GPS points"),
+                    {tdk::WString(console::Number(static_cast<std::uint64_t>(completed.plane)))}));
+    }
+    if (completed.geographic != 0) {
+      TellLine(
+          Fill(Xlate("worked out latitude and longitude of {1} GPS points"),
+               {tdk::WString(console::Number(static_cast<std::uint64_t>(completed.geographic)))}));
+    }
+  }
   void TellWrote(const std::string& path, const std::string& what) const {
     Tell(Xlate("wrote").ToUtf8(), path, what);
   }
 
  private:
   void Tell(const std::string& verb, const std::string& path, const std::string& what) const {
-    if (isQuiet_) return;
     const std::size_t column =
         std::max(DisplayWidth(Xlate("read").ToUtf8()), DisplayWidth(Xlate("wrote").ToUtf8())) + 1;
-    console::Out(verb + std::string(column - DisplayWidth(verb), ' ') + path + ": " + what + "\n");
+    TellLine(
+        tdk::WString(verb + std::string(column - DisplayWidth(verb), ' ') + path + ": " + what));
+  }
+  void TellLine(const tdk::WString& line) const {
+    if (isQuiet_) return;
+    console::Out(line.ToUtf8() + "\n");
     if (!console::FinishOutput()) throw Failure(exit_status::kFailed, console::OutputTrouble());
   }
 
@@ -96,6 +112,19 @@ void Import(const Files& files, const Module& module, HostDocument& document,
     summary.TellRead(input, InWords(in.counts));
     TellRemarks(input, in.remarks);
   }
+}
+
+// Known to be wrong before anything is read.
+void CheckReferenceSystem(const tdk::WString& crs) {
+  IGeodesy* const geodesy = IGeodesy::Current();
+  if (crs.IsEmpty() || (geodesy != nullptr && geodesy->TransformOf(crs) != nullptr)) return;
+  throw Failed("--crs " + crs.ToUtf8(),
+               Xlate("this is no reference system of plane coordinates that is known").ToUtf8());
+}
+
+// Also for groups that have a reference system of their own.
+void CompleteGpsPositions(HostDocument& document, const tdk::WString& crs, const Summary& summary) {
+  summary.TellPositions(CompletePositions(*document.GetLibGps(), crs));
 }
 
 void Export(const Files& files, const Module& module, HostDocument& document,
@@ -115,6 +144,8 @@ void Export(const Files& files, const Module& module, HostDocument& document,
 int RunConvert(const Arguments& arguments) {
   CheckLayoutOptions(arguments);
   const Files files = CheckedFiles(arguments);
+  const tdk::WString crs(arguments.Value("--crs").value_or(""));
+  CheckReferenceSystem(crs);
   const auto job = arguments.Value("--job");
   const Summary summary(arguments.Has("--quiet"));
   ProgressLine progress(WantsProgress(arguments));
@@ -124,6 +155,7 @@ int RunConvert(const Arguments& arguments) {
   progress.Clear();
   const Module module;
   Import(files, module, session.Document(), summary, progress);
+  CompleteGpsPositions(session.Document(), crs, summary);
   Export(files, module, session.Document(), summary, progress);
   // Every input has brought something, or there would have been a failure.
   session.Keep(std::nullopt, /*succeeded=*/true);

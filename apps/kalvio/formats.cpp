@@ -16,7 +16,7 @@ std::span<const FormatRow> FormatTable() {
   constexpr Carried kLandXml{.gps = true, .known = true, .controls = false};
   static constexpr std::array<FormatRow, 9> kTable = {{
       {"jb2", "JB2", kNow, kNow, "FImportJB2File", "FExportJB2File", kTotalStation},
-      {"jb3", "JB3", kNotYet, kNotYet, "FImportJB3File", "FExportJB3File", kAll},
+      {"jb3", "JB3", kNow, kNow, "FImportJB3File", "FExportJB3File", kAll},
       {"txt", "TXT", kNotYet, kNotYet, "FImportTXTFile", "FExportTXTFile", kAll},
       {"csv", "CSV", kNotYet, kNotYet, "FImportCSVFile", "FExportCSVFile", kAll},
       {"dxf", "DXF", kNotYet, kNotYet, "FImportDXFDWGFile", "FExportDXFDWGFile", kAll},

@@ -5,6 +5,7 @@
 #include "console.h"
 #include "failure.h"
 #include "help.h"
+#include "host/geodesy/lazy_geodesy.h"
 #include "host/store/job_store.h"
 #include "pages.h"
 #include "services/translate.h"
@@ -73,6 +74,7 @@ int RunToStatus(const std::vector<std::string>& words) {
 int main(int argc, char** argv) {
   console::SecureStreams();
   std::setlocale(LC_ALL, "");
+  LazyGeodesy::Install();
   const int status = RunToStatus({argv + (argc > 0 ? 1 : 0), argv + argc});
   console::FinishOutput();  // what was said before a failure; the failure itself has been told
   return status;

@@ -28,7 +28,9 @@ constexpr auto kOptions = std::to_array<OptionRow>({
     {"convert", "--quote-names", nullptr, kNotShown, kNoFallback},
     {"convert", "--dwg-version", "2000|r14", kNotShown, kNoFallback},
     {"convert", "--dxf-version", "2000|r12", kNotShown, kNoFallback},
-    {"convert", "--crs", "AUTH:CODE", kNotShown, kNoFallback},
+    {"convert", "--crs", "AUTH:CODE",
+     ToXlate("reference system of the plane coordinates of GPS groups, such as EPSG:32632"),
+     kNoFallback},
     {"convert", "--job", "JOB", ToXlate("import into and export from this job"),
      ToXlate("a new one")},
     {"convert", "--quiet", nullptr, ToXlate("no summary"), kNoFallback},
@@ -80,6 +82,7 @@ constexpr std::array kProgramExamples = {
     "kalvio convert rilievo.jb2 rilievo.xml",
     "kalvio show rilievo.jb2",
     "kalvio convert --job survey/ monday.jb2 tuesday.jb2 both.jb2",
+    "kalvio convert --crs EPSG:32632 gps.jb3 gps.xml",
 };
 
 constexpr std::array kUsualStatuses = {exit_status::kRan, exit_status::kFailed,

@@ -12,6 +12,11 @@ int ImportImage(CWnd* parent, tdk::WString& path);
 int ImportJb2(CWnd* parent, ExchangeContext& document);
 int ExportJb2(CWnd* parent, ExchangeContext& document);
 
+int ImportJb3(CWnd* parent, ExchangeContext& document);
+/// Name and version are those of the application, as it wants them in the file.
+int ExportJb3(CWnd* parent, ExchangeContext& document, const tdk::WString& name,
+              const tdk::WString& version);
+
 int ExportLandXml(CWnd* parent, ExchangeContext& document);
 
 }  // namespace frame

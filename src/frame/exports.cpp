@@ -36,12 +36,15 @@ int FExportLandXMLFile(CWnd* parent, ExchangeContext* document, int /*unused*/) 
 }
 
 int FImportJB3File(CWnd* parent, ExchangeContext* document, int /*unused*/) {
-  return NotBuiltYet(parent, document, "JB3");
+  return Guarded(
+      parent, [&] { return frame::ImportJb3(parent, *document); }, document);
 }
 
-int FExportJB3File(CWnd* parent, ExchangeContext* document, const tdk::WString* /*name*/,
-                   const tdk::WString* /*version*/) {
-  return NotBuiltYet(parent, document, "JB3");
+int FExportJB3File(CWnd* parent, ExchangeContext* document, const tdk::WString* name,
+                   const tdk::WString* version) {
+  return Guarded(
+      parent, [&] { return frame::ExportJb3(parent, *document, *name, *version); }, document, name,
+      version);
 }
 
 int FImportTXTFile(CWnd* parent, ExchangeContext* document, int /*unused*/) {

@@ -1,0 +1,73 @@
+#include "host/geodesy/gps_positions.h"
+
+namespace {
+
+bool HasPlane(const CEgn& point) {
+  return IsDefined(point.GetCoordX()) && IsDefined(point.GetCoordY());
+}
+
+bool SetPlane(const CConvCoord& conversion, const Geographic& place, CEgn& point) {
+  double north = 0;
+  double east = 0;
+  double elev = 0;
+  if (!conversion.GrafGpsToPlanAtt(place.lat, place.lon, place.height, north, east, elev)) {
+    return false;
+  }
+  point.SetCoord(east, north, elev);
+  point.CalcolaValiditaXYZ();
+  return true;
+}
+
+bool PlaceOfPlane(const CConvCoord& conversion, const CEgn& point, Geographic& place) {
+  return HasPlane(point) && IsDefined(point.GetCoordZ()) &&
+         conversion.PlanAttToGrafGps(point.GetCoordY(), point.GetCoordX(), point.GetCoordZ(), 0,
+                                     place.lat, place.lon, place.height);
+}
+
+// `place` is what the point has; `store` keeps one that was worked out.
+template <class Store>
+void Complete(const CConvCoord& conversion, Geographic place, CEgn& point, Store store,
+              CompletedPositions& completed) {
+  if (place.IsComplete()) {
+    if (!HasPlane(point) && SetPlane(conversion, place, point)) ++completed.plane;
+  } else if (PlaceOfPlane(conversion, point, place)) {
+    store(place);
+    ++completed.geographic;
+  }
+}
+
+void CompleteGroup(CLibGps& library, int index, CompletedPositions& completed) {
+  CGrpGps& group = *library.GetGrpAt(index);
+  const CConvCoord& conversion = group.GetConvCoord();
+  Complete(
+      conversion, {group.GetBaseLat(), group.GetBaseLong(), group.GetBaseElev()}, group,
+      [&](const Geographic& place) {
+        group.SetBaseLat(place.lat);
+        group.SetBaseLong(place.lon);
+        group.SetBaseElev(place.height);
+      },
+      completed);
+  for (int i = 0; i < library.GetPunArSize(index); ++i) {
+    CPunGps& point = *library.GetPunAt(index, i);
+    Complete(
+        conversion, {point.GetLat(), point.GetLong(), point.GetElev()}, point,
+        [&](const Geographic& place) {
+          point.SetLat(place.lat);
+          point.SetLong(place.lon);
+          point.SetElev(place.height);
+        },
+        completed);
+  }
+}
+
+}  // namespace
+
+CompletedPositions CompletePositions(CLibGps& library, const tdk::WString& crs) {
+  CompletedPositions completed;
+  for (int i = 0; i < library.GetGrpArSize(); ++i) {
+    CGrpGps& group = *library.GetGrpAt(i);
+    if (group.GetCrs().IsEmpty()) group.SetCrs(crs);
+    if (group.IsCdElabValid()) CompleteGroup(library, i, completed);
+  }
+  return completed;
+}
