@@ -179,7 +179,7 @@ TEST(Formats, TableTellsWhatCanBeDone) {
   EXPECT_EQ(run.out,
             "format   extension  import   export\n"
             "JB2      jb2        yes      yes\n"
-            "JB3      jb3        not yet  not yet\n"
+            "JB3      jb3        yes      yes\n"
             "TXT      txt        not yet  not yet\n"
             "CSV      csv        not yet  not yet\n"
             "DXF      dxf        not yet  not yet\n"

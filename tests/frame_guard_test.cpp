@@ -100,8 +100,6 @@ TEST_F(FrameGuard, SaysOfAFormatThatItIsNotBuiltAndReturnsZero) {
     EXPECT_TRUE(views.dialogs.empty()) << format;
     views.messages.clear();
   };
-  tells("JB3", exports.importJb3(&parent, &document, 0));
-  tells("JB3", exports.exportJb3(&parent, &document, nullptr, nullptr));
   tells("TXT", exports.importTxt(&parent, &document, 0));
   tells("TXT", exports.exportTxt(&parent, &document, 0));
   tells("CSV", exports.importCsv(&parent, &document, 0));

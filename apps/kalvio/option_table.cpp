@@ -65,7 +65,7 @@ constexpr auto kOptions = std::to_array<OptionRow>({
 constexpr std::array kConvertExamples = {
     "kalvio convert rilievo.jb2 rilievo.xml",
     "kalvio convert --job survey/ monday.jb2 week.jb2",
-    "kalvio convert --quiet a.jb2 b.jb2 both.jb2",
+    "kalvio convert --crs EPSG:32632 gps.jb3 gps.xml",
 };
 constexpr std::array kShowExamples = {
     "kalvio show rilievo.jb2",
@@ -82,7 +82,6 @@ constexpr std::array kProgramExamples = {
     "kalvio convert rilievo.jb2 rilievo.xml",
     "kalvio show rilievo.jb2",
     "kalvio convert --job survey/ monday.jb2 tuesday.jb2 both.jb2",
-    "kalvio convert --crs EPSG:32632 gps.jb3 gps.xml",
 };
 
 constexpr std::array kUsualStatuses = {exit_status::kRan, exit_status::kFailed,

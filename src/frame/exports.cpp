@@ -42,9 +42,11 @@ int FImportJB3File(CWnd* parent, ExchangeContext* document, int /*unused*/) {
 
 int FExportJB3File(CWnd* parent, ExchangeContext* document, const tdk::WString* name,
                    const tdk::WString* version) {
+  // An application that does not say what it is called has an empty name.
+  const auto text = [](const tdk::WString* words) { return words ? *words : tdk::WString(); };
   return Guarded(
-      parent, [&] { return frame::ExportJb3(parent, *document, *name, *version); }, document, name,
-      version);
+      parent, [&] { return frame::ExportJb3(parent, *document, text(name), text(version)); },
+      document);
 }
 
 int FImportTXTFile(CWnd* parent, ExchangeContext* document, int /*unused*/) {
