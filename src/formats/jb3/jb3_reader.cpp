@@ -2,6 +2,7 @@
 
 #include <tinyxml.h>
 
+#include <algorithm>
 #include <utility>
 
 #include "formats/jb3/jb3_elements.h"
@@ -49,12 +50,15 @@ bool Jb3Reader::Read() {
   }
   TiXmlDocument document;
   document.Parse(text.c_str(), nullptr, TIXML_ENCODING_UNKNOWN);
+  // What ends too soon has no place of its own for the parser.
+  const auto lines = document.Error() ? std::count(text.begin(), text.end(), '\n') + 1 : 0;
+  const auto line = document.ErrorRow() > 0 ? document.ErrorRow() : static_cast<int>(lines);
   text = {};
   if (!ReadDocument(document)) {
     Tell(Xlate("this is no JB3 document"), 0);
     return false;
   }
-  if (document.Error()) TellDamage(document);
+  if (document.Error()) TellDamage(document, line);
   return true;
 }
 
@@ -180,12 +184,12 @@ CEgn* Jb3Reader::AddGenericPoint(bool& groupMade) {
   return known_->AddPtn(currentGroup_, true);
 }
 
-void Jb3Reader::TellDamage(const TiXmlDocument& document) const {
-  std::string row;
-  platform::AppendWhole(row, document.ErrorRow());
+void Jb3Reader::TellDamage(const TiXmlDocument& document, int line) const {
+  std::string number;
+  platform::AppendWhole(number, line);
   Tell(Fill(Xlate("line {1}: the file is damaged and was read up to there ({2})"),
-            {tdk::WString(row), tdk::WString(document.ErrorDesc())}),
-       document.ErrorRow());
+            {tdk::WString(number), tdk::WString(document.ErrorDesc())}),
+       line);
 }
 
 void Jb3Reader::Tell(const tdk::WString& text, int line) const {

@@ -34,7 +34,7 @@ class Jb3Reader {
   void ReadKnownPoints(const TiXmlElement& points);
   CEgn* AddKnownPoint(std::string_view type, bool& groupMade);
   CEgn* AddGenericPoint(bool& groupMade);
-  void TellDamage(const TiXmlDocument& document) const;
+  void TellDamage(const TiXmlDocument& document, int line) const;
   void Tell(const tdk::WString& text, int line) const;
 
   CWnd* parent_;
