@@ -85,6 +85,13 @@ TEST_F(Jb3Rubbish, Utf8ByteOrderMarkIsSkipped) {
   EXPECT_EQ(Jobs().GetJobArSize(), 1);
 }
 
+// Found by fuzzing: without a declared encoding texts are taken for UTF-8.
+TEST_F(Jb3Rubbish, TextThatEndsWithinAUtf8SequenceIsNotReadFurther) {
+  for (const char* end : {"<Job name=\"\xF0", "<\xF0", "<Job \xE2", "\xF0\x9F", "<!-- \xF0"}) {
+    EXPECT_TRUE(ReadBytes(std::string("<?xml version=\"1.0\" ?><JB3>") + end)) << end;
+  }
+}
+
 TEST_F(Jb3Rubbish, Utf16IsNoDocument) {
   std::string wide = "\xFF\xFE";
   for (const char c : kJb3Declaration + "<JB3/>") wide += {c, '\0'};

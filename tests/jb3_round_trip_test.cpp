@@ -11,7 +11,9 @@ namespace {
 
 class Jb3RoundTrip : public Jb3Test, public testing::WithParamInterface<int> {
  protected:
-  WString Name() { return WString("n" + random.Text("abc &<>\"'.-019", random.Whole(0, 20))); }
+  WString Name() {
+    return WString("n" + random.Text("abc &<>\"'.-019", random.Whole<std::size_t>(0, 20)));
+  }
   // With three decimals, so that nothing of it is lost.
   double Length() {
     return random.OneIn(8) ? UndefinedValue : std::round(random.Real(-1e6, 1e6)) / 1000;

@@ -17,6 +17,9 @@ namespace jb3 {
 namespace {
 
 constexpr std::size_t kPiece = 254;
+// The parser steps over a UTF-8 sequence by its first byte, and so past the end of a text that ends
+// within one; it must find an end there too.
+constexpr std::size_t kEndMarks = 8;
 
 // The element's own name.
 bool Is(const TiXmlElement& element, const char* name) { return element.ValueTStr() == name; }
@@ -49,6 +52,7 @@ bool Jb3Reader::Read() {
     Tell(Xlate("elements are nested too deeply; the file was read up to the first of them"), 0);
   }
   TiXmlDocument document;
+  text.append(kEndMarks, '\0');
   document.Parse(text.c_str(), nullptr, TIXML_ENCODING_UNKNOWN);
   // What ends too soon has no place of its own for the parser.
   const auto lines = document.Error() ? std::count(text.begin(), text.end(), '\n') + 1 : 0;
@@ -66,7 +70,7 @@ bool Jb3Reader::Read() {
 bool Jb3Reader::ReadText(std::string& text) const {
   platform::TextReader file;
   if (!file.Open(path_.ToUtf8())) return false;
-  text.reserve(file.Size());
+  text.reserve(file.Size() + kEndMarks);
   while (const auto piece = file.NextPiece(kPiece)) text += piece->substr(0, piece->find('\0'));
   return true;
 }
