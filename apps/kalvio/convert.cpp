@@ -2,7 +2,6 @@
 
 #include "commands.h"
 #include "console.h"
-#include "convert_options.h"
 #include "failure.h"
 #include "file_import.h"
 #include "formats.h"
@@ -106,9 +105,9 @@ class Summary {
 };
 
 void Import(const Files& files, const Module& module, HostDocument& document,
-            const Summary& summary, ProgressLine& progress) {
+            const TextOptions& options, const Summary& summary, ProgressLine& progress) {
   for (const std::string& input : files.inputs) {
-    const Exchange in = ImportFile(module, input, document, progress);
+    const Exchange in = ImportFile(module, input, document, options, progress);
     summary.TellRead(input, InWords(in.counts));
     TellRemarks(input, in.remarks);
   }
@@ -128,8 +127,8 @@ void CompleteGpsPositions(HostDocument& document, const tdk::WString& crs, const
 }
 
 void Export(const Files& files, const Module& module, HostDocument& document,
-            const Summary& summary, ProgressLine& progress) {
-  Exchange out = ExportFile(module, files.output, document, progress);
+            const TextOptions& options, const Summary& summary, ProgressLine& progress) {
+  Exchange out = ExportFile(module, files.output, document, options, progress);
   if (!out.leftBack.IsNothing()) {
     out.remarks.push_back(Fill(Xlate("left out, for such a file cannot hold it: {1}"),
                                {tdk::WString(InWords(out.leftBack))})
@@ -142,7 +141,7 @@ void Export(const Files& files, const Module& module, HostDocument& document,
 }  // namespace
 
 int RunConvert(const Arguments& arguments) {
-  CheckLayoutOptions(arguments);
+  const TextOptions options = ReadTextOptions(arguments);
   const Files files = CheckedFiles(arguments);
   const tdk::WString crs(arguments.Value("--crs").value_or(""));
   CheckReferenceSystem(crs);
@@ -154,9 +153,11 @@ int RunConvert(const Arguments& arguments) {
                      [&](std::uint64_t done, std::uint64_t total) { progress.Show(done, total); });
   progress.Clear();
   const Module module;
-  Import(files, module, session.Document(), summary, progress);
+  // Points of a text file may need the reference system of their group.
+  CompletePositions(*session.Document().GetLibGps(), crs);
+  Import(files, module, session.Document(), options, summary, progress);
   CompleteGpsPositions(session.Document(), crs, summary);
-  Export(files, module, session.Document(), summary, progress);
+  Export(files, module, session.Document(), options, summary, progress);
   // Every input has brought something, or there would have been a failure.
   session.Keep(std::nullopt, /*succeeded=*/true);
   return exit_status::kRan;

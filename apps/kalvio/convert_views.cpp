@@ -11,16 +11,17 @@ namespace {
 
 struct DialogRow {
   std::string_view dialog;
-  bool (*fill)(Dialog& dialog, const std::string& path);
+  bool (*fill)(Dialog& dialog, const std::string& path, const TextOptions& options);
   std::string_view press;
+  bool writes = false;  ///< its button writes the file
 };
 
-bool ChooseFile(Dialog& dialog, const std::string& path) {
+bool ChooseFile(Dialog& dialog, const std::string& path, const TextOptions& /*options*/) {
   return dialog.Set("path", path) == DialogSet::kDone;
 }
 
 // Checks every row of every list.
-bool CheckAll(Dialog& dialog, const std::string& /*path*/) {
+bool CheckAll(Dialog& dialog, const std::string& /*path*/, const TextOptions& /*options*/) {
   const DialogState state = dialog.State();
   for (const auto& [key, list] : state.items()) {
     DialogState positions = DialogState::array();
@@ -36,6 +37,11 @@ constexpr std::array kDialogs = {
     DialogRow{"landxml-triangulation", CheckAll, ">>"},
     // On the last page there is nothing further; "Cancel" is what ends the choice there.
     DialogRow{"landxml-roads", CheckAll, "Cancel"},
+    DialogRow{"text-main", FillTextMain, "OK"},
+    DialogRow{"delimited-fields", FillDelimitedFields, "OK"},
+    DialogRow{"fixed-fields", FillFixedFields, "OK"},
+    DialogRow{"gps-export", FillGpsExport, "OK", /*writes=*/true},
+    DialogRow{"ts-export", FillTotalStationExport, "OK", /*writes=*/true},
 };
 
 }  // namespace
@@ -44,9 +50,15 @@ int ConvertViews::ShowDialog(Dialog& dialog) {
   const auto* const row =
       std::find_if(kDialogs.begin(), kDialogs.end(),
                    [&](const DialogRow& each) { return each.dialog == dialog.Name(); });
-  if (row != kDialogs.end() && row->fill(dialog, path_)) {
-    if (const auto code = dialog.Press(row->press)) return *code;
+  const std::size_t saidBefore = messages_.size();
+  if (row != kDialogs.end() && row->fill(dialog, path_, options_)) {
+    if (const auto code = dialog.Press(row->press)) {
+      hasWritten_ = hasWritten_ || row->writes;
+      return *code;
+    }
   }
+  // A dialog that stays open has said why, or one below it has.
+  if (messages_.size() > saidBefore) return Dialog::kCancel;
   messages_.push_back(
       Fill(Xlate("internal error: no answer for dialog \"{1}\""), {tdk::WString(dialog.Name())})
           .ToUtf8());
@@ -55,6 +67,8 @@ int ConvertViews::ShowDialog(Dialog& dialog) {
 
 int ConvertViews::ShowMessage(const tdk::WString& /*caption*/, const tdk::WString& text,
                               unsigned flags) {
+  // That is what a conversion does, and its help says so.
+  if (text == Xlate("Export file exists. Overwrite it?")) return kAnswerYes;
   messages_.push_back(text.ToUtf8());
   return (flags & kBoxYesNo) != 0 ? kAnswerNo : kAnswerOk;
 }

@@ -7,12 +7,13 @@
 #include "progress_line.h"
 #include "services/dialog.h"
 #include "services/window.h"
+#include "text_options.h"
 
 class ConvertViews : public HostViews {
  public:
-  /// `path` is the file to exchange (absolute). `progress` is not owned.
-  ConvertViews(std::string path, ProgressLine& progress)
-      : path_(std::move(path)), progress_(progress) {}
+  /// `path` is the file to exchange (absolute). `options` and `progress` are not owned.
+  ConvertViews(std::string path, const TextOptions& options, ProgressLine& progress)
+      : path_(std::move(path)), options_(options), progress_(progress) {}
 
   int ShowDialog(Dialog& dialog) override;
   int ShowMessage(const tdk::WString& caption, const tdk::WString& text, unsigned flags) override;
@@ -25,12 +26,16 @@ class ConvertViews : public HostViews {
 
   /// What the exchange left out, in words.
   const std::vector<std::string>& Notes() const { return notes_; }
+  /// A dialog wrote the file itself; the exchange then says that it was cancelled.
+  bool HasWritten() const { return hasWritten_; }
   /// What it said in message boxes.
   const std::vector<std::string>& Messages() const { return messages_; }
 
  private:
   std::string path_;
+  const TextOptions& options_;
   ProgressLine& progress_;
+  bool hasWritten_ = false;
   std::vector<std::string> notes_;
   std::vector<std::string> messages_;
 };

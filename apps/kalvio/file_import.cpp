@@ -44,10 +44,11 @@ std::string NameOf(const std::string& path) { return std::string(platform::FileN
 // Runs one function of the module on one file and gives back what it said; throws Failure when it
 // did not succeed.
 std::vector<std::string> Run(const Module& module, const char* function, const std::string& path,
-                             HostDocument& document, ProgressLine& progress) {
+                             HostDocument& document, const TextOptions& options,
+                             ProgressLine& progress) {
   const TroubleScope trouble;
   const std::string absolute = AbsolutePath(path);
-  ConvertViews views(absolute, progress);
+  ConvertViews views(absolute, options, progress);
   CWnd window(&views);
   progress.Begin(NameOf(path));
   const CallResult result = module.Call(function, window, document, {"kalvio", KALVIO_VERSION});
@@ -57,7 +58,7 @@ std::vector<std::string> Run(const Module& module, const char* function, const s
     throw Failed(path, reason);
   }
   said.insert(said.end(), views.Notes().begin(), views.Notes().end());
-  if (result.value == 1) return said;
+  if (result.value == 1 || views.HasWritten()) return said;
   throw Failed(path, said.empty() ? Xlate("the module refused it").ToUtf8() : said.front());
 }
 
@@ -76,37 +77,56 @@ void CheckInput(const std::string& path) {
   }
 }
 
+// The kind of points to write, and that the module, which puts the extension there itself, will
+// write that very file.
+TextOptions WithKind(TextOptions options, const Counts& counts, const std::string& path) {
+  if (!options.kind) options.kind = FirstKindWithPoints(counts);
+  if (!options.kind) throw Failed(path, Xlate("the job holds no points").ToUtf8());
+  if (!path.ends_with(platform::Extension(path))) {
+    throw Failed(path, Xlate("write the extension in small letters").ToUtf8());
+  }
+  return options;
+}
+
 }  // namespace
 
 Exchange ImportFile(const Module& module, const std::string& path, HostDocument& document,
-                    ProgressLine& progress) {
+                    const TextOptions& options, ProgressLine& progress) {
   CheckReadable(path);
   CheckInput(path);
   const FormatRow& format = FormatOf(path);
   const Counts before = CountsOf(document);
   Exchange exchange;
-  exchange.remarks = Run(module, format.importFunction, path, document, progress);
+  exchange.remarks = Run(module, format.importFunction, path, document, options, progress);
   exchange.counts = CountsOf(document) - before;
-  if (exchange.counts.IsNothing()) {
-    throw Failed(path,
-                 Fill(Xlate("nothing was imported: no {1} record in it"), {format.name}).ToUtf8());
+  // A text file makes a group before its first point.
+  const bool isNothing =
+      format.isPointList ? !FirstKindWithPoints(exchange.counts) : exchange.counts.IsNothing();
+  if (isNothing) {
+    throw Failed(
+        path,
+        exchange.remarks.empty()
+            ? Fill(Xlate("nothing was imported: no {1} record in it"), {format.name}).ToUtf8()
+            : Fill(Xlate("nothing was imported: {1}"), {tdk::WString(exchange.remarks.front())})
+                  .ToUtf8());
   }
   return exchange;
 }
 
 Exchange ExportFile(const Module& module, const std::string& path, HostDocument& document,
-                    ProgressLine& progress) {
+                    const TextOptions& options, ProgressLine& progress) {
   CheckWritable(path);
   const FormatRow& format = FormatOf(path);
   Exchange exchange;
-  exchange.remarks = Run(module, format.exportFunction, path, document, progress);
+  const Counts all = CountsOf(document);
+  const TextOptions chosen = format.isPointList ? WithKind(options, all, path) : options;
+  exchange.remarks = Run(module, format.exportFunction, path, document, chosen, progress);
   std::error_code error;
   if (!std::filesystem::exists(platform::NativePath(path), error)) {
     throw Failed(path, exchange.remarks.empty() ? Xlate("it was not written").ToUtf8()
                                                 : exchange.remarks.front());
   }
-  const Counts all = CountsOf(document);
-  exchange.counts = Within(all, format.carried);
+  exchange.counts = format.isPointList ? OfKind(all, *chosen.kind) : Within(all, format.carried);
   exchange.leftBack = all - exchange.counts;
   return exchange;
 }

@@ -7,6 +7,7 @@
 #include "counts.h"
 #include "module.h"
 #include "progress_line.h"
+#include "text_options.h"
 
 struct Exchange {
   Counts counts;                     ///< what came in, or went out
@@ -16,11 +17,11 @@ struct Exchange {
 
 /// Reads `path` into the document; throws Failure when nothing came in.
 Exchange ImportFile(const Module& module, const std::string& path, HostDocument& document,
-                    ProgressLine& progress);
+                    const TextOptions& options, ProgressLine& progress);
 
 /// Writes the document to `path`; throws Failure when the file was not written.
 Exchange ExportFile(const Module& module, const std::string& path, HostDocument& document,
-                    ProgressLine& progress);
+                    const TextOptions& options, ProgressLine& progress);
 
 /// Tells the remarks on standard error, the first ten of them and how many more there are.
 void TellRemarks(const std::string& path, const std::vector<std::string>& remarks);

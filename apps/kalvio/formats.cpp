@@ -17,8 +17,8 @@ std::span<const FormatRow> FormatTable() {
   static constexpr std::array<FormatRow, 9> kTable = {{
       {"jb2", "JB2", kNow, kNow, "FImportJB2File", "FExportJB2File", kTotalStation},
       {"jb3", "JB3", kNow, kNow, "FImportJB3File", "FExportJB3File", kAll},
-      {"txt", "TXT", kNotYet, kNotYet, "FImportTXTFile", "FExportTXTFile", kAll},
-      {"csv", "CSV", kNotYet, kNotYet, "FImportCSVFile", "FExportCSVFile", kAll},
+      {"txt", "TXT", kNow, kNow, "FImportTXTFile", "FExportTXTFile", kAll, true},
+      {"csv", "CSV", kNow, kNow, "FImportCSVFile", "FExportCSVFile", kAll, true},
       {"dxf", "DXF", kNotYet, kNotYet, "FImportDXFDWGFile", "FExportDXFDWGFile", kAll},
       {"dwg", "DWG", kNotYet, kNotYet, "FImportDXFDWGFile", "FExportDXFDWGFile", kAll},
       {"shp", "Shape", kNotYet, kNotYet, "FImportEntFromFileShape", "FExportEntInFileShape", kAll},

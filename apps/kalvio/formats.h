@@ -20,7 +20,8 @@ struct FormatRow {
   Exchanged written;
   const char* importFunction;  ///< null when it is never read
   const char* exportFunction;
-  Carried carried;  ///< what of a job such a file holds
+  Carried carried;           ///< what of a job such a file holds
+  bool isPointList = false;  ///< it holds points of one kind, laid out by options
 };
 
 std::span<const FormatRow> FormatTable();

@@ -11,8 +11,7 @@ namespace {
 
 constexpr std::size_t kAny = std::numeric_limits<std::size_t>::max();
 
-// The layout options of "convert" have no effect on the formats of this version, so no help shows
-// them.
+// The version options have no effect on the formats of this version, so no help shows them.
 constexpr const char* kNotShown = nullptr;
 constexpr const char* kNoFallback = nullptr;
 
@@ -20,12 +19,19 @@ constexpr auto kOptions = std::to_array<OptionRow>({
     {"convert", "INPUT", "", ToXlate("input files, read in this order; with --job none is needed"),
      kNoFallback, true},
     {"convert", "OUTPUT", "", ToXlate("output file; an older one is written over"), kNoFallback},
-    {"convert", "--kind", "known|control|ts|gps", kNotShown, kNoFallback},
-    {"convert", "--columns", "LIST", kNotShown, kNoFallback},
-    {"convert", "--separator", "space|comma|tab", kNotShown, kNoFallback},
-    {"convert", "--widths", "LIST", kNotShown, kNoFallback},
-    {"convert", "--header-rows", "N", kNotShown, kNoFallback},
-    {"convert", "--quote-names", nullptr, kNotShown, kNoFallback},
+    {"convert", "--kind", "known|control|ts|gps",
+     ToXlate("kind of the points of a text or CSV file"),
+     ToXlate("known; written: the first that has points")},
+    {"convert", "--columns", "LIST",
+     ToXlate("up to six of name,north,east,elev,descr,date,time,- in a text or CSV file"),
+     "name,east,north,elev,descr"},
+    {"convert", "--separator", "space|comma|tab",
+     ToXlate("between the columns of a .txt file; a .csv file has semicolons"), "comma"},
+    {"convert", "--widths", "LIST", ToXlate("columns of these widths instead, in a .txt file"),
+     kNoFallback},
+    {"convert", "--header-rows", "N", ToXlate("lines before the points"), "0"},
+    {"convert", "--quote-names", nullptr, ToXlate("quotes around names: written, or taken off"),
+     kNoFallback},
     {"convert", "--dwg-version", "2000|r14", kNotShown, kNoFallback},
     {"convert", "--dxf-version", "2000|r12", kNotShown, kNoFallback},
     {"convert", "--crs", "AUTH:CODE",
@@ -41,6 +47,18 @@ constexpr auto kOptions = std::to_array<OptionRow>({
      kNoFallback},
     {"show", "--json", nullptr, ToXlate("the whole job as a JSON document"), kNoFallback},
     {"show", "--all", nullptr, ToXlate("lists in full, however long they are"), kNoFallback},
+    {"show", "--kind", "known|control", ToXlate("kind of the points of a text or CSV file"),
+     "known"},
+    {"show", "--columns", "LIST",
+     ToXlate("up to six of name,north,east,elev,descr,date,time,- in a text or CSV file"),
+     "name,east,north,elev,descr"},
+    {"show", "--separator", "space|comma|tab",
+     ToXlate("between the columns of a .txt file; a .csv file has semicolons"), "comma"},
+    {"show", "--widths", "LIST", ToXlate("columns of these widths instead, in a .txt file"),
+     kNoFallback},
+    {"show", "--header-rows", "N", ToXlate("lines before the points"), "0"},
+    {"show", "--quote-names", nullptr, ToXlate("quotes around names: written, or taken off"),
+     kNoFallback},
 
     {"call", "FUNCTION", "", ToXlate("name of the exported function"), kNoFallback},
     {"call", "--job", "JOB", ToXlate("job folder or .json document to work on"),
@@ -64,12 +82,12 @@ constexpr auto kOptions = std::to_array<OptionRow>({
 
 constexpr std::array kConvertExamples = {
     "kalvio convert rilievo.jb2 rilievo.xml",
-    "kalvio convert --job survey/ monday.jb2 week.jb2",
     "kalvio convert --crs EPSG:32632 gps.jb3 gps.xml",
+    "kalvio convert --columns name,north,east,elev points.csv points.xml",
 };
 constexpr std::array kShowExamples = {
     "kalvio show rilievo.jb2",
-    "kalvio show survey/",
+    "kalvio show --columns name,north,east,elev points.csv",
     "kalvio show rilievo.jb2 --json > rilievo.json",
 };
 constexpr std::array kCallExamples = {

@@ -5,21 +5,16 @@
 #include <string>
 
 #include "platform/file_trouble.h"
+#include "platform/paths.h"
 
 namespace {
 
 using MakeGeodesy = IGeodesy* (*)();
 
-// The folder of the library that this function is in, with its final slash.
-std::string OwnFolder() {
-  Dl_info facts{};
-  if (dladdr(reinterpret_cast<const void*>(&LazyGeodesy::Install), &facts) == 0) return {};
-  const std::string path = facts.dli_fname;
-  return path.substr(0, path.rfind('/') + 1);
-}
-
 MakeGeodesy LoadMaker() {
-  const std::string path = OwnFolder() + "libkalvio_geodesy.so";
+  const std::string path =
+      platform::FolderOfCode(reinterpret_cast<const void*>(&LazyGeodesy::Install)) +
+      "libkalvio_geodesy.so";
   // Never closed: the engine lives until the end of the process.
   void* const library = dlopen(path.c_str(), RTLD_NOW | RTLD_LOCAL);
   if (library == nullptr) {

@@ -17,6 +17,10 @@ int ImportJb3(CWnd* parent, ExchangeContext& document);
 int ExportJb3(CWnd* parent, ExchangeContext& document, const tdk::WString& name,
               const tdk::WString& version);
 
+/// `isText`: a text file, else a CSV file.
+int ImportText(CWnd* parent, ExchangeContext& document, bool isText);
+int ExportText(CWnd* parent, ExchangeContext& document, bool isText);
+
 int ExportLandXml(CWnd* parent, ExchangeContext& document);
 
 }  // namespace frame

@@ -50,19 +50,23 @@ int FExportJB3File(CWnd* parent, ExchangeContext* document, const tdk::WString* 
 }
 
 int FImportTXTFile(CWnd* parent, ExchangeContext* document, int /*unused*/) {
-  return NotBuiltYet(parent, document, "TXT");
+  return Guarded(
+      parent, [&] { return frame::ImportText(parent, *document, /*isText=*/true); }, document);
 }
 
 int FExportTXTFile(CWnd* parent, ExchangeContext* document, int /*unused*/) {
-  return NotBuiltYet(parent, document, "TXT");
+  return Guarded(
+      parent, [&] { return frame::ExportText(parent, *document, /*isText=*/true); }, document);
 }
 
 int FImportCSVFile(CWnd* parent, ExchangeContext* document, int /*unused*/) {
-  return NotBuiltYet(parent, document, "CSV");
+  return Guarded(
+      parent, [&] { return frame::ImportText(parent, *document, /*isText=*/false); }, document);
 }
 
 int FExportCSVFile(CWnd* parent, ExchangeContext* document, int /*unused*/) {
-  return NotBuiltYet(parent, document, "CSV");
+  return Guarded(
+      parent, [&] { return frame::ExportText(parent, *document, /*isText=*/false); }, document);
 }
 
 int FImportDXFDWGFile(CWnd* parent, ExchangeContext* document, int /*unused*/) {

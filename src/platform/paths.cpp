@@ -1,5 +1,6 @@
 #include "platform/paths.h"
 
+#include <dlfcn.h>
 #include <unistd.h>
 
 #include <algorithm>
@@ -52,6 +53,13 @@ std::optional<std::string> ExecutableFolder() {
   const ssize_t length = readlink("/proc/self/exe", buffer.data(), buffer.size());
   if (length <= 0 || static_cast<std::size_t>(length) > kLongestProcessPath) return std::nullopt;
   const std::string_view path(buffer.data(), static_cast<std::size_t>(length));
+  return std::string(path.substr(0, path.rfind('/') + 1));
+}
+
+std::string FolderOfCode(const void* place) {
+  Dl_info facts{};
+  if (dladdr(place, &facts) == 0) return {};
+  const std::string_view path = facts.dli_fname;
   return std::string(path.substr(0, path.rfind('/') + 1));
 }
 

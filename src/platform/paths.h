@@ -28,4 +28,8 @@ std::string Extension(std::string_view path);
 /// tell it or when the path is longer than 1,023 characters.
 std::optional<std::string> ExecutableFolder();
 
+/// The folder of the program or library that `place` (an object or a function) is in, with its
+/// final separator; empty when the system does not tell it.
+std::string FolderOfCode(const void* place);
+
 }  // namespace platform

@@ -1,0 +1,63 @@
+#include "formats/text/character_filter.h"
+
+#include <algorithm>
+
+#include "platform/code_page.h"
+
+namespace text {
+namespace {
+
+struct Folding {
+  std::u32string_view from;
+  char to;
+};
+
+// This many and no more: other letters of that range are dropped.
+constexpr Folding kFoldings[] = {{U"ÄÅ", 'A'},    {U"É", 'E'},    {U"Ö", 'O'},    {U"Ü", 'U'},
+                                 {U"àáâäå", 'a'}, {U"èéêë", 'e'}, {U"ìíîï", 'i'}, {U"òóôö", 'o'},
+                                 {U"ùúûü", 'u'},  {U"ÿ", 'y'}};
+
+char Folded(char32_t character) {
+  for (const Folding& folding : kFoldings) {
+    if (folding.from.find(character) != std::u32string_view::npos) return folding.to;
+  }
+  return '\0';
+}
+
+bool IsPlain(char c, char kept) {
+  const auto byte = static_cast<unsigned char>(c);
+  return (byte >= 32 && byte < 128) || c == '\n' || c == '\r' || (kept != '\0' && c == kept);
+}
+
+}  // namespace
+
+std::string_view CharacterFilter::Filter(std::string_view utf8, char kept, bool cutAtNul) {
+  if (cutAtNul) utf8 = utf8.substr(0, utf8.find('\0'));
+  const auto* const odd =
+      std::find_if(utf8.begin(), utf8.end(), [kept](char c) { return !IsPlain(c, kept); });
+  if (odd == utf8.end()) return utf8;
+  line_.assign(utf8.begin(), odd);
+  std::string_view rest = utf8.substr(line_.size());
+  while (!rest.empty()) {
+    const std::string_view before = rest;
+    char32_t character = platform::TakeCodePoint(rest);
+    // What is no UTF-8 is a byte of the 8-bit code page, whose letters lie where Unicode has them.
+    const bool isByte = before.size() - rest.size() == 1 && character == 0xFFFD;
+    if (isByte) character = static_cast<unsigned char>(before.front());
+    Take(character, kept);
+  }
+  return line_;
+}
+
+void CharacterFilter::Take(char32_t character, char kept) {
+  if (character < 128 && IsPlain(static_cast<char>(character), kept)) {
+    line_ += static_cast<char>(character);
+  } else if (const char folded = Folded(character)) {
+    line_ += folded;
+    replaced_ = true;
+  } else {
+    removed_ = true;
+  }
+}
+
+}  // namespace text

@@ -1,0 +1,27 @@
+// What of a line's characters a point file may hold.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace text {
+
+/// Folds accented letters to plain ones and drops what is no ASCII text, and remembers that it did.
+class CharacterFilter {
+ public:
+  /// The line in ASCII. Line ends and `kept` (0: none) stay; with `cutAtNul` the line ends at its
+  /// first NUL. Valid until the next call or as long as `utf8`.
+  std::string_view Filter(std::string_view utf8, char kept, bool cutAtNul);
+
+  bool HasRemoved() const { return removed_; }
+  bool HasReplaced() const { return replaced_; }
+
+ private:
+  void Take(char32_t character, char kept);
+
+  std::string line_;
+  bool removed_ = false;
+  bool replaced_ = false;
+};
+
+}  // namespace text

@@ -1,0 +1,26 @@
+// The host's dialog for choosing a job folder.
+#pragma once
+
+#include <optional>
+
+#include "services/dialog.h"
+
+/// Scripts know it as "job-folder", with the key folder.
+class JobFolderDialog : public Dialog {
+ public:
+  explicit JobFolderDialog(tdk::WString folder) : folder_(std::move(folder)) {}
+  const tdk::WString& Folder() const { return folder_; }
+
+  std::string_view Name() const override { return "job-folder"; }
+  tdk::WString Title() const override;
+  DialogState State() const override;
+  DialogSet Set(std::string_view key, const DialogState& value) override;
+  std::vector<std::string_view> Buttons() const override { return {"OK", "Cancel"}; }
+  std::optional<int> Press(std::string_view button) override;
+
+ private:
+  tdk::WString folder_;
+};
+
+/// The chosen folder, nothing on cancel; `folder` is shown at first.
+std::optional<tdk::WString> AskForJobFolder(CWnd* parent, const tdk::WString& folder);
