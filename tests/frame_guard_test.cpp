@@ -100,10 +100,6 @@ TEST_F(FrameGuard, SaysOfAFormatThatItIsNotBuiltAndReturnsZero) {
     EXPECT_TRUE(views.dialogs.empty()) << format;
     views.messages.clear();
   };
-  tells("TXT", exports.importTxt(&parent, &document, 0));
-  tells("TXT", exports.exportTxt(&parent, &document, 0));
-  tells("CSV", exports.importCsv(&parent, &document, 0));
-  tells("CSV", exports.exportCsv(&parent, &document, 0));
   tells("DXF/DWG", exports.importDrawing(&parent, &document, 0));
   tells("DXF/DWG", exports.exportDrawing(&parent, &document, 0));
   tells("DAT", exports.exportDat(&parent, &document, 0));

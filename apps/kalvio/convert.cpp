@@ -154,7 +154,7 @@ int RunConvert(const Arguments& arguments) {
   progress.Clear();
   const Module module;
   // Points of a text file may need the reference system of their group.
-  CompletePositions(*session.Document().GetLibGps(), crs);
+  GiveReferenceSystem(*session.Document().GetLibGps(), crs);
   Import(files, module, session.Document(), options, summary, progress);
   CompleteGpsPositions(session.Document(), crs, summary);
   Export(files, module, session.Document(), options, summary, progress);

@@ -77,6 +77,13 @@ void CheckInput(const std::string& path) {
   }
 }
 
+std::string WhyNothing(const FormatRow& format, const std::vector<std::string>& remarks) {
+  if (format.isPointList && !remarks.empty()) {
+    return Fill(Xlate("nothing was imported: {1}"), {tdk::WString(remarks.front())}).ToUtf8();
+  }
+  return Fill(Xlate("nothing was imported: no {1} record in it"), {format.name}).ToUtf8();
+}
+
 // The kind of points to write, and that the module, which puts the extension there itself, will
 // write that very file.
 TextOptions WithKind(TextOptions options, const Counts& counts, const std::string& path) {
@@ -103,12 +110,7 @@ Exchange ImportFile(const Module& module, const std::string& path, HostDocument&
   const bool isNothing =
       format.isPointList ? !FirstKindWithPoints(exchange.counts) : exchange.counts.IsNothing();
   if (isNothing) {
-    throw Failed(
-        path,
-        exchange.remarks.empty()
-            ? Fill(Xlate("nothing was imported: no {1} record in it"), {format.name}).ToUtf8()
-            : Fill(Xlate("nothing was imported: {1}"), {tdk::WString(exchange.remarks.front())})
-                  .ToUtf8());
+    throw Failed(path, WhyNothing(format, exchange.remarks));
   }
   return exchange;
 }

@@ -62,12 +62,18 @@ void CompleteGroup(CLibGps& library, int index, CompletedPositions& completed) {
 
 }  // namespace
 
-CompletedPositions CompletePositions(CLibGps& library, const tdk::WString& crs) {
-  CompletedPositions completed;
+void GiveReferenceSystem(CLibGps& library, const tdk::WString& crs) {
   for (int i = 0; i < library.GetGrpArSize(); ++i) {
     CGrpGps& group = *library.GetGrpAt(i);
     if (group.GetCrs().IsEmpty()) group.SetCrs(crs);
-    if (group.IsCdElabValid()) CompleteGroup(library, i, completed);
+  }
+}
+
+CompletedPositions CompletePositions(CLibGps& library, const tdk::WString& crs) {
+  GiveReferenceSystem(library, crs);
+  CompletedPositions completed;
+  for (int i = 0; i < library.GetGrpArSize(); ++i) {
+    if (library.GetGrpAt(i)->IsCdElabValid()) CompleteGroup(library, i, completed);
   }
   return completed;
 }
