@@ -261,7 +261,7 @@ TEST_F(TextFull, WritesEveryFieldOfATotalStationPoint) {
 TEST_F(TextFull, WritesASeparatorOnlyBeforeAColumnThatHoldsSomething) {
   AddPoint().SetNome("P");
   Fields({0, 21, 0, 21, 21, 0});
-  EXPECT_EQ(TotalStationText(), "P;P;;P\n");
+  EXPECT_EQ(TotalStationText(), "P;P;P\n");
 }
 
 TEST_F(TextFull, QuotesTextsOnlyWhenAskedTo) {

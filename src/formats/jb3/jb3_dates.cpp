@@ -4,6 +4,7 @@
 #include <array>
 #include <tuple>
 
+#include "platform/code_page.h"
 #include "platform/numbers.h"
 #include "services/number_text.h"
 
@@ -101,12 +102,12 @@ std::string NormalisedDate(const tdk::WString& date) {
   constexpr std::size_t kShortest = 6;
   constexpr std::size_t kLongest = 10;
   constexpr std::size_t kUndivided = 8;
-  const std::size_t length = date.Length();
-  if (length < kShortest || length > kLongest) return {};
-  const std::string& text = date.ToUtf8();
+  // A byte for each character, as it is written.
+  std::string text;
+  platform::AppendCodePageFromUtf8(text, date.ToUtf8());
+  if (text.size() < kShortest || text.size() > kLongest) return {};
   if (const char divider = DividerOf(text)) return DateFromParts(text, divider);
-  // Characters beyond ASCII have no place in a date, but are cut between, not within.
-  if (length != kUndivided || text.size() != kUndivided) return {};
+  if (text.size() != kUndivided) return {};
   return text.substr(0, 2) + '-' + text.substr(2, 2) + '-' + text.substr(4);
 }
 

@@ -9,7 +9,8 @@ namespace jb3 {
 
 /// A job's date as DD-MM-YYYY: the parts of `date`, divided by "\", "/" or "-", keep their order,
 /// and a year of two digits is 20YY below 70, else 19YY. Eight characters without a divider are
-/// DDMMYYYY. Empty when it is neither.
+/// DDMMYYYY. Empty when it is neither. In the
+/// system's code page.
 std::string NormalisedDate(const tdk::WString& date);
 
 /// DD-MM-YYYY, each part filled with zeros.
