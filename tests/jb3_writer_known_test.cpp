@@ -16,7 +16,8 @@ class Jb3WriterKnown : public Jb3Test {
 };
 
 TEST_F(Jb3WriterKnown, GroupsInOrderThenRecordsStandInOneElement) {
-  for (const char* group : {"G", "empty group", "H"}) Known().AddGrp(true)->SetLabels(group, "b", "c", "d");
+  for (const char* group : {"G", "empty group", "H"})
+    Known().AddGrp(true)->SetLabels(group, "b", "c", "d");
   Known().AddPtn(0, true)->SetNome("1");
   Known().AddPtn(0, true)->SetNome("2");
   CPunPnt& third = *Known().AddPtn(2, true);

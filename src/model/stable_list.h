@@ -31,8 +31,14 @@ class StableList {
   T& Append(Arguments&&... arguments) {
     const Place place = PlaceOf(size_);
     if (place.block == blocks_.size()) AddBlock();
-    T* const added = ::new (static_cast<void*>(blocks_[place.block] + place.offset))
-        T(std::forward<Arguments>(arguments)...);
+    void* const where = blocks_[place.block] + place.offset;
+    T* added = nullptr;
+    if constexpr (sizeof...(Arguments) == 0) {
+      // Without parentheses, which would fill with zeros first what the members then fill.
+      added = ::new (where) T;
+    } else {
+      added = ::new (where) T(std::forward<Arguments>(arguments)...);
+    }
     ++size_;
     return *added;
   }

@@ -14,10 +14,6 @@
 namespace jb3 {
 namespace {
 
-void SetName(TiXmlElement& element, const tdk::WString& name) {
-  SetText(element, attribute::kName, name.IsEmpty() ? tdk::WString(kEmptyName) : name);
-}
-
 // The attribute is left out when the text is empty.
 void SetUnlessEmpty(TiXmlElement& element, const char* attribute, const tdk::WString& text) {
   if (!text.IsEmpty()) SetText(element, attribute, text);
@@ -148,6 +144,10 @@ void SetText(TiXmlElement& element, const char* attribute, const tdk::WString& t
   std::string bytes;
   platform::AppendCodePageFromUtf8(bytes, text.ToUtf8());
   element.SetAttribute(attribute, bytes.c_str());
+}
+
+void SetName(TiXmlElement& element, const tdk::WString& name) {
+  SetText(element, attribute::kName, name.IsEmpty() ? tdk::WString(kEmptyName) : name);
 }
 
 void SetJobLabels(TiXmlElement& element, const CJob& job) {

@@ -18,6 +18,9 @@ TiXmlElement& AppendElement(TiXmlNode& parent, const char* name);
 /// Sets an attribute to the text in the system's code page.
 void SetText(TiXmlElement& element, const char* attribute, const tdk::WString& text);
 
+/// Sets the name, which is "empty" when there is none.
+void SetName(TiXmlElement& element, const tdk::WString& name);
+
 void SetJobLabels(TiXmlElement& element, const CJob& job);
 /// Attributes and coordinates, without the points.
 void BuildStation(TiXmlElement& element, const CSta& station);

@@ -14,7 +14,7 @@ constexpr char kManufacturerUrl[] = "https://www.kalvio.example";
 
 void AppendApplication(TiXmlElement& root, const tdk::WString& name, const tdk::WString& version) {
   TiXmlElement& application = AppendElement(root, element::kApplication);
-  SetText(application, attribute::kName, name);
+  SetName(application, name);
   SetText(application, attribute::kVersion, version);
   application.SetAttribute(attribute::kManufacturer, kManufacturer);
   application.SetAttribute(attribute::kManufacturerUrl, kManufacturerUrl);

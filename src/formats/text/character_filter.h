@@ -13,6 +13,8 @@ class CharacterFilter {
   /// first NUL. Valid until the next call or as long as `utf8`.
   std::string_view Filter(std::string_view utf8, char kept, bool cutAtNul);
 
+  /// Whether the last line may hold a quote or a carriage return.
+  bool HasMarks() const { return hasMarks_; }
   bool HasRemoved() const { return removed_; }
   bool HasReplaced() const { return replaced_; }
 
@@ -20,6 +22,7 @@ class CharacterFilter {
   void Take(char32_t character, char kept);
 
   std::string line_;
+  bool hasMarks_ = false;
   bool removed_ = false;
   bool replaced_ = false;
 };

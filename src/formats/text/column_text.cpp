@@ -10,9 +10,8 @@ namespace {
 constexpr char kDateDivider = '-';
 constexpr char kTimeDivider = ':';
 
-void AppendCoordinate(std::string& text, double value, int integerWidth) {
-  if (integerWidth <= 0) return AppendCStringDaDouble(text, value, kCoordinateDecimals);
-  text += CStringDaDouble(value, integerWidth, kCoordinateDecimals).ToUtf8();
+void AppendCoordinate(std::string& text, double value) {
+  AppendCStringDaDouble(text, value, kCoordinateDecimals);
 }
 
 void AppendDate(std::string& text, const CPun& point) {
@@ -63,17 +62,17 @@ void AppendTimeOfDay(std::string& text, unsigned long milliseconds, char divider
   AppendTwoDigitParts(text, {seconds / 3600, seconds / 60 % 60, seconds % 60}, divider);
 }
 
-void AppendColumn(std::string& text, int kind, const CEgn& point, int field, int integerWidth) {
+void AppendColumn(std::string& text, int kind, const CEgn& point, int field) {
   switch (field) {
     case kName:
       text += point.GetNome().ToUtf8();
       break;
     case kNorth:
-      return AppendCoordinate(text, point.GetCoordY(), integerWidth);
+      return AppendCoordinate(text, point.GetCoordY());
     case kEast:
-      return AppendCoordinate(text, point.GetCoordX(), integerWidth);
+      return AppendCoordinate(text, point.GetCoordX());
     case kElev:
-      return AppendCoordinate(text, point.GetCoordZ(), integerWidth);
+      return AppendCoordinate(text, point.GetCoordZ());
     case kDescr:
       text += point.GetSecScri().ToUtf8();
       break;

@@ -21,8 +21,7 @@ bool HasTime(const CPunGps& point);
 /// Appends hours, minutes and seconds of a GPS point's time of day; the seconds are whole.
 void AppendTimeOfDay(std::string& text, unsigned long milliseconds, char divider);
 
-/// Appends a column of the basic layout. A coordinate's integer part is filled with blanks to
-/// `integerWidth`. `point` is of the type that goes with `kind`.
-void AppendColumn(std::string& text, int kind, const CEgn& point, int field, int integerWidth);
+/// Appends a column of the basic layout. `point` is of the type that goes with `kind`.
+void AppendColumn(std::string& text, int kind, const CEgn& point, int field);
 
 }  // namespace text

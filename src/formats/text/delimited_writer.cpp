@@ -23,7 +23,7 @@ void AppendPoint(std::string& line, const TextExchangeSettings& settings, const 
       AppendQuoted(line, (field == kName ? point.GetNome() : point.GetSecScri()).ToUtf8(),
                    separator, settings.quoteNames);
     } else {
-      AppendColumn(line, settings.kind, point, field, 0);
+      AppendColumn(line, settings.kind, point, field);
     }
     line += separator;
   }

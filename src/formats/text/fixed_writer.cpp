@@ -4,14 +4,12 @@
 #include "formats/text/column_text.h"
 #include "formats/text/missing_coordinates.h"
 #include "formats/text/text_writers.h"
+#include "platform/code_page.h"
 #include "platform/output_file.h"
 #include "services/message_box.h"
 
 namespace text {
 namespace {
-
-// A coordinate takes its decimals, their point and this many characters less than its column.
-constexpr int kBehindInteger = 4;
 
 struct LeastWidths {
   int name = 0;
@@ -19,13 +17,15 @@ struct LeastWidths {
 };
 
 // Columns are as wide as what people see: characters, not bytes.
-int WidthOf(const tdk::WString& text) { return static_cast<int>(text.Length()); }
+int WidthOf(const std::string& text) {
+  return static_cast<int>(platform::IsAscii(text) ? text.size() : tdk::WString(text).Length());
+}
 
 LeastWidths LeastWidthsOf(const std::vector<const CEgn*>& points) {
   LeastWidths least;
   for (const CEgn* point : points) {
-    least.name = std::max(least.name, WidthOf(point->GetNome()));
-    least.descr = std::max(least.descr, WidthOf(point->GetSecScri()));
+    least.name = std::max(least.name, WidthOf(point->GetNome().ToUtf8()));
+    least.descr = std::max(least.descr, WidthOf(point->GetSecScri().ToUtf8()));
   }
   return least;
 }
@@ -48,19 +48,19 @@ bool Widen(TextExchangeSettings& settings, const LeastWidths& least) {
 
 // A text that is too long is written whole.
 void AppendPadded(std::string& line, const std::string& text, int width, bool onTheLeft) {
-  const int blanks = std::max(width - WidthOf(tdk::WString(text)), 0);
+  const int blanks = std::max(width - WidthOf(text), 0);
   if (onTheLeft) line.append(static_cast<std::size_t>(blanks), ' ');
   line += text;
   if (!onTheLeft) line.append(static_cast<std::size_t>(blanks), ' ');
 }
 
-void AppendPoint(std::string& line, const TextExchangeSettings& settings, const CEgn& point) {
-  std::string column;
+void AppendPoint(std::string& line, const TextExchangeSettings& settings, const CEgn& point,
+                 std::string& column) {
   for (std::size_t i = 0; i < kBasicColumns; ++i) {
     const int field = settings.fieldCode[i];
     const int width = settings.fieldLength[i];
     column.clear();
-    AppendColumn(column, settings.kind, point, field, width - kBehindInteger);
+    AppendColumn(column, settings.kind, point, field);
     AppendPadded(line, column, width, field != kName && field != kDescr);
   }
   line += '\n';
@@ -78,10 +78,11 @@ void WriteFixedLength(CWnd* parent, const Libraries& from, TextExchangeSettings&
                      kBoxExclamation);
   }
   MissingCoordinates missing(settings);
+  std::string column;
   file.Buffer().append(static_cast<std::size_t>(settings.headerRows), '\n');
   for (const CEgn* point : points) {
     missing.Look(*point);
-    AppendPoint(file.Buffer(), settings, *point);
+    AppendPoint(file.Buffer(), settings, *point, column);
     file.FlushIfLarge();
   }
   if (file.Commit()) missing.Tell(parent);

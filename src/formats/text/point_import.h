@@ -1,16 +1,16 @@
 // Adds the points of a text file to the library that they are meant for.
 #pragma once
 
-#include <string>
+#include <string_view>
 
 #include "formats/text/point_walk.h"
 
 namespace text {
 
-/// What a line says of a point; metres.
+/// What a line says of a point; metres. The texts lie in the line.
 struct PointLine {
-  std::string name;
-  std::string descr;
+  std::string_view name;
+  std::string_view descr;
   double north = 0;
   double east = 0;
   double elev = 0;

@@ -19,6 +19,7 @@ constexpr std::size_t kShortestDelimitedLine = 3;  // with its line end
 constexpr int kLinesPerProgress = 16384;
 
 std::string_view Trimmed(std::string_view text) {
+  if (!text.empty() && text.front() != ' ' && text.back() != ' ') return text;
   const std::size_t first = text.find_first_not_of(' ');
   if (first == std::string_view::npos) return {};
   return text.substr(first, text.find_last_not_of(' ') - first + 1);
@@ -78,6 +79,8 @@ class TextImport {
       if (!target.Add(point_)) Count(noPoint_);
     }
   }
+
+  bool HasMarks() const { return filter_.HasMarks(); }
 
   /// Takes the text of a column, counted from 0; what lies beyond the layout is dropped.
   void TakeColumn(std::size_t column, std::string_view text, bool removeQuotes) {
@@ -155,12 +158,12 @@ class TextImport {
   Remark noNumber_;
 };
 
-bool IsLineEnd(char c) { return c == '\n' || c == '\r'; }
-
-// Cuts a line at its separators. `take` gets the columns that are not empty.
+// Cuts a line at its separators and line ends. `take` gets the columns that are not empty.
 class DelimitedLine {
  public:
-  DelimitedLine(std::string_view line, char separator) : line_(line), separator_(separator) {}
+  /// `hasMarks`: the line may hold quotes and carriage returns.
+  DelimitedLine(std::string_view line, char separator, bool hasMarks)
+      : line_(WithoutLineFeed(line)), separator_(separator), hasMarks_(hasMarks) {}
 
   template <class Take>
   void Cut(Take take) {
@@ -174,14 +177,23 @@ class DelimitedLine {
   }
 
  private:
-  // A quote hides separators up to the next quote, or to the end of the line.
+  static std::string_view WithoutLineFeed(std::string_view line) {
+    if (line.ends_with('\n')) line.remove_suffix(1);
+    return line;
+  }
+
   std::size_t EndOfColumn(std::size_t at) const {
+    if (hasMarks_) return EndOfMarkedColumn(at);
+    while (at < line_.size() && line_[at] != separator_) ++at;
+    return at;
+  }
+
+  // A quote hides separators up to the next quote, or to the end of the line.
+  std::size_t EndOfMarkedColumn(std::size_t at) const {
     bool isQuoted = false;
-    for (; at < line_.size(); ++at) {
-      const char c = line_[at];
-      if (IsLineEnd(c)) break;
-      if (c == kQuote) isQuoted = !isQuoted;
-      if (c == separator_ && !isQuoted) break;
+    for (; at < line_.size() && line_[at] != '\r'; ++at) {
+      if (line_[at] == separator_ && !isQuoted) break;
+      if (line_[at] == kQuote) isQuoted = !isQuoted;
     }
     return at;
   }
@@ -193,6 +205,7 @@ class DelimitedLine {
 
   std::string_view line_;
   char separator_;
+  bool hasMarks_;
 };
 
 }  // namespace
@@ -201,7 +214,7 @@ void ReadDelimited(CWnd* parent, const Libraries& into, const TextExchangeSettin
   TextImport import(parent, into, settings);
   const auto separator = static_cast<char>(settings.separator);
   import.Run(kShortestDelimitedLine, separator, /*cutAtNul=*/false, [&](std::string_view line) {
-    DelimitedLine(line, separator).Cut([&](std::size_t column, std::string_view text) {
+    DelimitedLine(line, separator, import.HasMarks()).Cut([&](std::size_t column, std::string_view text) {
       import.TakeColumn(column, text, settings.quoteNames);
 });
 }  // namespace text
