@@ -78,9 +78,9 @@ void CharacterFilter::Take(char32_t character, char kept) {
     line_ += static_cast<char>(character);
   } else if (const char folded = Folded(character)) {
     line_ += folded;
-    replaced_ = true;
+    ++replaced_;
   } else {
-    removed_ = true;
+    ++removed_;
   }
 }
 

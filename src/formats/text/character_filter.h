@@ -1,12 +1,13 @@
 // What of a line's characters a point file may hold.
 #pragma once
 
+#include <cstdint>
 #include <string>
 #include <string_view>
 
 namespace text {
 
-/// Folds accented letters to plain ones and drops what is no ASCII text, and remembers that it did.
+/// Folds accented letters to plain ones and drops what is no ASCII text, and counts both.
 class CharacterFilter {
  public:
   /// The line in ASCII. Line ends and `kept` (0: none) stay; with `cutAtNul` the line ends at its
@@ -15,16 +16,16 @@ class CharacterFilter {
 
   /// Whether the last line may hold a quote or a carriage return.
   bool HasMarks() const { return hasMarks_; }
-  bool HasRemoved() const { return removed_; }
-  bool HasReplaced() const { return replaced_; }
+  std::uint64_t Removed() const { return removed_; }
+  std::uint64_t Replaced() const { return replaced_; }
 
  private:
   void Take(char32_t character, char kept);
 
   std::string line_;
   bool hasMarks_ = false;
-  bool removed_ = false;
-  bool replaced_ = false;
+  std::uint64_t removed_ = 0;
+  std::uint64_t replaced_ = 0;
 };
 
 }  // namespace text

@@ -76,6 +76,8 @@ class TextImport {
       if (IsShorter(*line, shortest)) continue;
       point_ = {};
       split(filter_.Filter(*line, kept, cutAtNul));
+      Follow(replaced_, filter_.Replaced());
+      Follow(removed_, filter_.Removed());
       if (!target.Add(point_)) Count(noPoint_);
     }
   }
@@ -108,11 +110,14 @@ class TextImport {
   }
 
   void TellTheEnd() const {
-    if (filter_.HasRemoved() || filter_.HasReplaced()) {
+    if (replaced_.count + removed_.count > 0) {
       CreateMessageBox(parent_, Xlate("Info"),
                        Xlate("Some invalid characters were removed or replaced ."),
                        kBoxExclamation);
     }
+    Tell(replaced_,
+         ToXlate("accented letters that became plain ones: {1}; the first is on line {2}"));
+    Tell(removed_, ToXlate("characters that were dropped: {1}; the first is on line {2}"));
     Tell(noPoint_, ToXlate("lines that became no point: {1}; the first is line {2}"));
     Tell(noNumber_, ToXlate("columns that should hold a number and do not, read as 0: {1}; the "
                             "first is column {3} of line {2}: \"{4}\""));
@@ -135,6 +140,12 @@ class TextImport {
     if (remark.count++ == 0) remark.line = line_;
   }
 
+  // A count that is kept elsewhere.
+  void Follow(Remark& remark, std::uint64_t count) const {
+    if (remark.count == 0 && count > 0) remark.line = line_;
+    remark.count = count;
+  }
+
   void Tell(const Remark& remark, const char* pattern) const {
     if (remark.count == 0 || parent_ == nullptr || parent_->GetViews() == nullptr) return;
     parent_->GetViews()->TakeNote(
@@ -154,6 +165,8 @@ class TextImport {
   CharacterFilter filter_;
   PointLine point_;
   std::uint64_t line_ = 0;
+  Remark replaced_;
+  Remark removed_;
   Remark noPoint_;
   Remark noNumber_;
 };
