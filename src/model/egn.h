@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <string_view>
 
 #include "model/compact_text.h"
 #include "model/undefined.h"
@@ -26,6 +27,8 @@ class CEgn {
   virtual unsigned GetCloudCreatorDevId() const;
 
   tdk::WString GetNome() const { return tdk::WString(name_.View()); }
+  /// The name in UTF-8, without a copy; until it is set anew.
+  std::string_view NameUtf8() const { return name_.View(); }
   tdk::WString GetSecScri() const { return tdk::WString(secondText_.View()); }
   tdk::WString GetTerScri() const { return tdk::WString(thirdText_.View()); }
   void SetTerScri(const tdk::WString& text) { thirdText_.Set(text.ToUtf8()); }

@@ -31,17 +31,28 @@ void CPun::SetCoordEtCalcMisure(bool /*notify*/, double x, double y, double z, C
   SetCoord(x, y, z);
   prismHeight_ = prismHeight;
   prismOffset_ = prismOffset;
-  const Observation observation = station_ == nullptr ? Observation{}
-                                                      : Observe(InstrumentOf(*station_), {x, y, z},
-                                                                prismHeight, how.orientation);
+  Observation observation;
+  if (station_ != nullptr) {
+    observation =
+        Observe(InstrumentOf(*station_), {x, y, z}, prismHeight, how.orientation, how.reduction);
+  }
+  if (how.addPrismOffset && IsDefined(observation.slopeDistance)) {
+    observation.slopeDistance -= prismOffset;
+  }
   SetDtIntAng(observation.slopeDistance, observation.zenith, observation.horizontal, dateTime);
 }
 
 void CPun::CalcolaCoordAssolute(bool /*notify*/, CCalcDsOr& how) {
   if (station_ == nullptr) return;
-  const Place place = Locate(InstrumentOf(*station_), {slopeDistance_, zenith_, horizontal_},
-                             prismHeight_, how.orientation);
+  const Place place = Locate(InstrumentOf(*station_), ObservationToUse(how), prismHeight_,
+                             how.orientation, how.reduction);
   SetCoord(place.x, place.y, place.z);
+}
+
+Observation CPun::ObservationToUse(const CCalcDsOr& how) const {
+  Observation observation{slopeDistance_, zenith_, horizontal_};
+  if (how.addPrismOffset && IsDefined(slopeDistance_)) observation.slopeDistance += prismOffset_;
+  return observation;
 }
 
 CSta::~CSta() = default;

@@ -7,6 +7,7 @@
 #include "model/egn.h"
 #include "model/known_points.h"
 #include "model/library_base.h"
+#include "model/polar.h"
 #include "model/stable_list.h"
 #include "tdk/source_event.h"
 
@@ -22,6 +23,9 @@ class CLibCmpChangeContext : public tdk::CSourceEvent {};
 struct CCalcDsOr {
   /// Azimuth of the station's zero direction, gon, clockwise from north.
   double orientation = 0;
+  Reduction reduction{};
+  /// Whether the prism constant (metres) is still to be added to the slope distance.
+  bool addPrismOffset = false;
 };
 
 /// One observed point. Distances and heights in metres, angles in gon; what was not measured is
@@ -72,6 +76,9 @@ class CPun : public CEgn {
   /// Derives coordinates from the observation and the station. What cannot be derived becomes
   /// undefined.
   void CalcolaCoordAssolute(bool notify, CCalcDsOr& how);
+
+  /// The observation with what `how` adds to its distance.
+  Observation ObservationToUse(const CCalcDsOr& how) const;
 
   const CSta* GetSta() const { return station_; }
 

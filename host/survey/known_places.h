@@ -1,0 +1,42 @@
+// The known and control points of a job by their names.
+#pragma once
+
+#include <string_view>
+#include <unordered_map>
+#include <vector>
+
+#include "host/survey/shared_names.h"
+#include "model/known_points.h"
+#include "model/polar.h"
+
+namespace survey {
+
+/// Two places more than a millimetre apart under one name; the first one holds.
+struct KnownConflict {
+  std::string_view name;
+  Place used;
+  Place other;
+};
+
+/// Points without a name or without easting and northing are left out; the elevation may be
+/// undefined. Names are the points' own, which must outlive this.
+class KnownPlaces {
+ public:
+  KnownPlaces(const CLibPnt& known, const CLibConOri& control);
+
+  /// Null when the name is not known.
+  const Place* Find(std::string_view name) const;
+  bool IsEmpty() const { return places_.empty(); }
+  /// False for nearly all names that are not known, without a search; `key` is from SharedNames.
+  bool MayKnow(std::uint64_t key) const { return names_.IsShared(key); }
+  const std::vector<KnownConflict>& Conflicts() const { return conflicts_; }
+
+ private:
+  void Add(const CEgn& point);
+
+  std::unordered_map<std::string_view, Place> places_;
+  SharedNames names_;
+  std::vector<KnownConflict> conflicts_;
+};
+
+}  // namespace survey
