@@ -26,7 +26,9 @@ std::vector<Row> ReadRows(const std::string& path) {
   return rows;
 }
 
-double Figure(const std::string& text) { return platform::ParseDecimalPrefix(text, UndefinedValue); }
+double Figure(const std::string& text) {
+  return platform::ParseDecimalPrefix(text, UndefinedValue);
+}
 int Whole(const std::string& text) { return static_cast<int>(Figure(text)); }
 
 struct RealJob {
@@ -39,9 +41,7 @@ void PrintTo(const RealJob& job, std::ostream* out) { *out << job.name; }
 
 class RealJobTest : public TextTest, public testing::WithParamInterface<RealJob> {
  protected:
-  RealJobTest() {
-    jb2::Jb2Reader(&parent, &Jobs(), WString(File("jb2"))).Run();
-  }
+  RealJobTest() { jb2::Jb2Reader(&parent, &Jobs(), WString(File("jb2"))).Run(); }
 
   static std::string File(const std::string& extension) {
     return std::string(KALVIO_TEST_DATA "/survey/") + GetParam().name + "." + extension;
@@ -61,8 +61,8 @@ class RealJobTest : public TextTest, public testing::WithParamInterface<RealJob>
       ASSERT_NE(point, nullptr);
       const Row& there = expected[static_cast<std::size_t>(Whole(row[3]))];
       ASSERT_EQ(point->GetNome(), WString(there[0]));
-      plan.push_back(std::hypot(point->GetCoordX() - Figure(there[1]),
-                                point->GetCoordY() - Figure(there[2])));
+      plan.push_back(
+          std::hypot(point->GetCoordX() - Figure(there[1]), point->GetCoordY() - Figure(there[2])));
       height.push_back(std::abs(point->GetCoordZ() - Figure(there[3])));
     }
     std::sort(plan.begin(), plan.end());

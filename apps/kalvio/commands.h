@@ -4,6 +4,7 @@
 #include "arguments.h"
 
 int RunCall(const Arguments& arguments);
+int RunCompute(const Arguments& arguments);
 int RunConvert(const Arguments& arguments);
 int RunShow(const Arguments& arguments);
 int RunFormats();

@@ -5,7 +5,7 @@
 #include "failure.h"
 #include "file_import.h"
 #include "formats.h"
-#include "host/geodesy/gps_positions.h"
+#include "job_computation.h"
 #include "job_session.h"
 #include "layout.h"
 #include "platform/numbers.h"
@@ -84,6 +84,9 @@ class Summary {
                {tdk::WString(console::Number(static_cast<std::uint64_t>(completed.geographic)))}));
     }
   }
+  void TellComputation(const survey::SurveyResult& result) const {
+    for (const std::string& line : SummaryLines(result)) TellLine(tdk::WString(line));
+  }
   void TellWrote(const std::string& path, const std::string& what) const {
     Tell(Xlate("wrote").ToUtf8(), path, what);
   }
@@ -113,17 +116,17 @@ void Import(const Files& files, const Module& module, HostDocument& document,
   }
 }
 
-// Known to be wrong before anything is read.
-void CheckReferenceSystem(const tdk::WString& crs) {
-  IGeodesy* const geodesy = IGeodesy::Current();
-  if (crs.IsEmpty() || (geodesy != nullptr && geodesy->TransformOf(crs) != nullptr)) return;
-  throw Failed("--crs " + crs.ToUtf8(),
-               Xlate("this is no reference system of plane coordinates that is known").ToUtf8());
-}
-
 // Also for groups that have a reference system of their own.
 void CompleteGpsPositions(HostDocument& document, const tdk::WString& crs, const Summary& summary) {
   summary.TellPositions(CompletePositions(*document.GetLibGps(), crs));
+}
+
+void ComputeCoordinates(HostDocument& document, const Arguments& arguments,
+                        const Summary& summary) {
+  if (arguments.Has("--no-compute")) return;
+  const ComputationReport report = ComputeJob(document, ComputationOptions(arguments));
+  summary.TellComputation(report.survey);
+  TellRemarks(Xlate("coordinates").ToUtf8(), Findings(report.survey));
 }
 
 void Export(const Files& files, const Module& module, HostDocument& document,
@@ -143,8 +146,7 @@ void Export(const Files& files, const Module& module, HostDocument& document,
 int RunConvert(const Arguments& arguments) {
   const TextOptions options = ReadTextOptions(arguments);
   const Files files = CheckedFiles(arguments);
-  const tdk::WString crs(arguments.Value("--crs").value_or(""));
-  CheckReferenceSystem(crs);
+  const tdk::WString crs = ReferenceSystemOption(arguments);  // before anything is read
   const auto job = arguments.Value("--job");
   const Summary summary(arguments.Has("--quiet"));
   ProgressLine progress(WantsProgress(arguments));
@@ -157,6 +159,7 @@ int RunConvert(const Arguments& arguments) {
   GiveReferenceSystem(*session.Document().GetLibGps(), crs);
   Import(files, module, session.Document(), options, summary, progress);
   CompleteGpsPositions(session.Document(), crs, summary);
+  ComputeCoordinates(session.Document(), arguments, summary);
   Export(files, module, session.Document(), options, summary, progress);
   // Every input has brought something, or there would have been a failure.
   session.Keep(std::nullopt, /*succeeded=*/true);

@@ -1,6 +1,7 @@
 #include "formats.h"
 
 #include <array>
+#include <filesystem>
 
 #include "commands.h"
 #include "console.h"
@@ -45,6 +46,12 @@ const FormatRow& FormatOf(const std::string& path) {
   throw BadUsage(
       path + ": " +
       Fill(Xlate("the extension says no format; known are {1}"), {tdk::WString(known)}).ToUtf8());
+}
+
+void CheckThere(const std::string& path) {
+  std::error_code error;
+  if (FindFormat(path) != nullptr || std::filesystem::exists(path, error)) return;
+  throw Failed(path, Xlate("there is no such job or file").ToUtf8());
 }
 
 void CheckReadable(const std::string& path) {

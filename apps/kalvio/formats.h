@@ -30,6 +30,9 @@ std::span<const FormatRow> FormatTable();
 const FormatRow* FindFormat(const std::string& path);
 /// Throws Failure (bad usage), which names the known formats, for an unknown one.
 const FormatRow& FormatOf(const std::string& path);
+/// Throws Failure for a path that is neither a known format nor there: a name that is not there is
+/// told as such before its extension is looked at.
+void CheckThere(const std::string& path);
 /// Each throws Failure when this version cannot do that.
 void CheckReadable(const std::string& path);
 void CheckWritable(const std::string& path);

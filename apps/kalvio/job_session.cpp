@@ -16,6 +16,11 @@ std::string AbsolutePath(const std::string& path) {
   return error ? path : plain.string();
 }
 
+bool IsJob(const std::string& path) {
+  std::error_code error;
+  return IsJsonJob(path) || std::filesystem::is_directory(path, error);
+}
+
 JobSession::JobSession(std::optional<std::string> path, const JobProgress& progress)
     : path_(std::move(path)) {
   CJobsFolder::SetJobFolder(tdk::WString(AbsolutePath(path_ ? JobFolderOf(*path_) : ".")));

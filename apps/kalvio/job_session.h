@@ -10,6 +10,9 @@
 /// `path` from the root, as the host's dialogs take it.
 std::string AbsolutePath(const std::string& path);
 
+/// A folder and a .json document are jobs; anything else is a file to import.
+bool IsJob(const std::string& path);
+
 /// Opens a job and makes its folder and settings the current ones. Throws JobError.
 class JobSession {
  public:

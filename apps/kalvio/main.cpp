@@ -30,6 +30,7 @@ int RunCommand(const Arguments& arguments) {
   const std::string_view name = arguments.command->name;
   if (name == "call") return RunCall(arguments);
   if (name == "convert") return RunConvert(arguments);
+  if (name == "compute") return RunCompute(arguments);
   if (name == "show") return RunShow(arguments);
   if (name == "formats") return RunFormats();
   throw Failure(exit_status::kFailed, Xlate("plot is not available in this version").ToUtf8());

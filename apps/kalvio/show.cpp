@@ -1,5 +1,3 @@
-#include <filesystem>
-
 #include "commands.h"
 #include "console.h"
 #include "failure.h"
@@ -7,23 +5,9 @@
 #include "formats.h"
 #include "job_report.h"
 #include "job_session.h"
-#include "services/translate.h"
 #include "text_preview.h"
 
 namespace {
-
-// A folder and a .json document are jobs; anything else is a file to import.
-bool IsJob(const std::string& path) {
-  std::error_code error;
-  return IsJsonJob(path) || std::filesystem::is_directory(path, error);
-}
-
-// A name that is not there is told as such before its extension is looked at.
-void CheckThere(const std::string& path) {
-  std::error_code error;
-  if (FindFormat(path) != nullptr || std::filesystem::exists(path, error)) return;
-  throw Failed(path, Xlate("there is no such job or file").ToUtf8());
-}
 
 void Load(const std::string& path, HostDocument& document, const TextOptions& options,
           ProgressLine& progress) {

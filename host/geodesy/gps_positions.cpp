@@ -60,6 +60,13 @@ void CompleteGroup(CLibGps& library, int index, CompletedPositions& completed) {
   }
 }
 
+NoPlane WhyNoPlane(const CGrpGps& group, const CPunGps& point) {
+  if (group.GetCrs().IsEmpty()) return NoPlane::kNoSystem;
+  if (!group.IsCdElabValid()) return NoPlane::kUnknownSystem;
+  const Geographic place{point.GetLat(), point.GetLong(), point.GetElev()};
+  return place.IsComplete() ? NoPlane::kOutside : NoPlane::kNoPosition;
+}
+
 }  // namespace
 
 void GiveReferenceSystem(CLibGps& library, const tdk::WString& crs) {
@@ -76,4 +83,21 @@ CompletedPositions CompletePositions(CLibGps& library, const tdk::WString& crs) 
     if (library.GetGrpAt(i)->IsCdElabValid()) CompleteGroup(library, i, completed);
   }
   return completed;
+}
+
+std::vector<GroupPositions> PlanePositions(const CLibGps& library) {
+  std::vector<GroupPositions> groups;
+  for (int i = 0; i < library.GetGrpArSize(); ++i) {
+    GroupPositions& positions = groups.emplace_back();
+    positions.group = i;
+    for (int k = 0; k < library.GetPunArSize(i); ++k) {
+      const CPunGps& point = *library.GetPunAt(i, k);
+      if (HasPlane(point)) {
+        ++positions.withPlane;
+      } else {
+        positions.missing.push_back({k, WhyNoPlane(*library.GetGrpAt(i), point)});
+      }
+    }
+  }
+  return groups;
 }

@@ -68,8 +68,9 @@ struct SetUpResult {
   /// Standard deviation of a resected mark, metres; 0 when nothing is left over.
   double markSigma = 0;
   std::vector<TargetResidual> residuals;
-  int placed = 0;  ///< points that got coordinates
-  int kept = 0;    ///< points that had them
+  int placed = 0;   ///< points that got coordinates
+  int kept = 0;     ///< points that had them
+  int missing = 0;  ///< points that have none
 };
 
 enum class PointTrouble { kStation, kNoDistance, kNoAngle };

@@ -52,6 +52,7 @@ class Placing {
       if (HasPlan(point)) {
         ++setUp.placed;
       } else {
+        ++setUp.missing;
         const PointTrouble trouble = isOriented ? TroubleOf(point) : PointTrouble::kStation;
         result_.missing.push_back({setUp.station, i, trouble});
       }

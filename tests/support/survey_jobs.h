@@ -6,8 +6,8 @@
 #include <cmath>
 #include <string>
 
-#include "host/survey/compute.h"
 #include "host/document/host_document.h"
+#include "host/survey/compute.h"
 #include "tests/support/current_settings.h"
 
 namespace survey_test {
