@@ -129,4 +129,45 @@ TEST(Polar, TakesMarkAndHeightFromAStation) {
   EXPECT_EQ(instrument.height, 1.6);
 }
 
+// By hand: at 1 km, (1 - 0.13) * 1000 * 1000 / (2 * 6371000) m.
+TEST(Polar, LevelSightRisesAboveTheEarth) {
+  const Ray ray = RayOf(1000, 100, {true, 0.13});
+  EXPECT_NEAR(ray.up, 0.068278, 1e-6);
+  EXPECT_NEAR(ray.across, 1000, 1e-9);
+}
+
+// By hand: 1000 m across and up, less (1 - 0.065) * 1000 * 1000 / 6371000 m.
+TEST(Polar, PlumbLinesDrawTogetherDownwards) {
+  const Ray ray = RayOf(1000 * std::sqrt(2), 50, {true, 0.13});
+  EXPECT_NEAR(ray.across, 1000 - 0.146759, 1e-6);
+  EXPECT_NEAR(RayOf(1000 * std::sqrt(2), 150, {true, 0.13}).across, 1000 + 0.146759, 1e-6);
+}
+
+TEST(Polar, CurvatureIsTheSameInBothFaces) {
+  const Reduction reduction{true, 0.13};
+  const Place one = Locate(kInstrument, {800, 70, 30}, 1.2, 15, reduction);
+  const Place two = Locate(kInstrument, {800, 330, 230}, 1.2, 15, reduction);
+  ExpectPlace(two, one.x, one.y, one.z);
+}
+
+TEST(Polar, ObservesWhatItLocatesOverACurvedEarth) {
+  Random random;
+  for (int i = 0; i < 1000; ++i) {
+    const Reduction reduction{true, random.Real(-1, 1)};
+    const Observation seen{random.Real(1, 5000), random.Real(5, 195), random.Real(0, 400)};
+    const Place place = Locate(kInstrument, seen, 1.3, 77, reduction);
+    const Observation back = Observe(kInstrument, place, 1.3, 77, reduction);
+    ASSERT_NEAR(back.slopeDistance, seen.slopeDistance, 1e-6);
+    ASSERT_NEAR(back.zenith, seen.zenith, 1e-8);
+    ASSERT_NEAR(std::remainder(back.horizontal - seen.horizontal, 400), 0, 1e-7);
+  }
+}
+
+TEST(Polar, AzimuthOfEachQuadrant) {
+  EXPECT_NEAR(Azimuth({0, 0, 0}, {1, 1, 0}), 50, 1e-12);
+  EXPECT_NEAR(Azimuth({0, 0, 0}, {1, -1, 0}), 150, 1e-12);
+  EXPECT_NEAR(Azimuth({0, 0, 0}, {-1, -1, 0}), 250, 1e-12);
+  EXPECT_NEAR(Azimuth({0, 0, 0}, {-1, 1, 0}), 350, 1e-12);
+}
+
 }  // namespace

@@ -22,18 +22,26 @@ std::size_t CountAgreeing(std::span<const Measured> values, const Measured& with
       values.begin(), values.end(), [&](const Measured& it) { return Agree(it, with, circle); }));
 }
 
-// The first of those that the greatest number agree with.
+// Spread over all in no regular steps, which a pattern in the data could hide from.
+std::size_t Candidate(std::size_t k, std::size_t size) {
+  if (size <= kCandidates) return k;
+  constexpr double kGoldenRatio = 0.6180339887498949;
+  const double part = static_cast<double>(k) * kGoldenRatio;
+  return static_cast<std::size_t>((part - std::floor(part)) * static_cast<double>(size));
+}
+
+// The first candidate that the greatest number agree with.
 const Measured& Middle(std::span<const Measured> values, double circle) {
-  const std::size_t step = std::max<std::size_t>(1, values.size() / kCandidates);
-  const Measured* best = nullptr;
+  const Measured* best = &values.front();
   std::size_t most = 0;
-  for (std::size_t i = 0; i < values.size(); i += step) {
-    const std::size_t agreeing = CountAgreeing(values, values[i], circle);
+  for (std::size_t k = 0; k < std::min(values.size(), kCandidates); ++k) {
+    const Measured& candidate = values[Candidate(k, values.size())];
+    const std::size_t agreeing = CountAgreeing(values, candidate, circle);
     if (agreeing <= most) continue;
     most = agreeing;
-    best = &values[i];
+    best = &candidate;
   }
-  return best == nullptr ? values.front() : *best;
+  return *best;
 }
 
 double Weight(const Measured& it) { return 1 / (it.sigma * it.sigma); }
