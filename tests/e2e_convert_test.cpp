@@ -52,7 +52,7 @@ TEST_F(Convert, Jb2ToJb2GivesTheSameBytes) {
 }
 
 TEST_F(Convert, GivesTheBytesOfTheSameWorkByHand) {
-  EXPECT_EQ(Run({"a.jb2", "out.xml"}).status, 0);
+  EXPECT_EQ(Run({"--no-compute", "a.jb2", "out.xml"}).status, 0);
   const std::string converted = ReadBytes(folder.File("out.xml"));
   folder.Write("import.json", ChoosePaths({folder.File("a.jb2")}));
   folder.Write("export.json", R"([{"dialog": "landxml-survey", "press": "Select All"},
@@ -81,7 +81,7 @@ TEST_F(Convert, ExtensionsAreKnownInAnyLetterCase) {
 
 TEST_F(Convert, SummaryTellsEachFileInAlignedLines) {
   folder.Write("one.jb2", Jb2WithStations(1));
-  const Outcome run = Run({"a.jb2", "one.jb2", "out.jb2"});
+  const Outcome run = Run({"--no-compute", "a.jb2", "one.jb2", "out.jb2"});
   EXPECT_EQ(run.err, "");
   EXPECT_THAT(Lines(run.out),
               ElementsAre("read  a.jb2: 1 job, 2 stations, 3 points",
@@ -139,7 +139,7 @@ TEST_F(Convert, JobThatTheOutputCannotHoldIsTold) {
 TEST_F(Convert, JobFolderIsImportedIntoExportedFromAndSaved) {
   std::filesystem::create_directory(folder.File("job"));
   EXPECT_EQ(Run({"--job", "job", "a.jb2", "one.jb2"}).status, 0);
-  const Outcome run = Run({"--job", "job", "a.jb2", "two.jb2"});
+  const Outcome run = Run({"--no-compute", "--job", "job", "a.jb2", "two.jb2"});
   EXPECT_EQ(run.status, 0) << run.err;
   EXPECT_THAT(Lines(run.out),
               ElementsAre(HasSubstr("a.jb2: 1 job,"), HasSubstr("two.jb2: 2 jobs,")));
@@ -219,7 +219,7 @@ TEST_F(Convert, LandXmlCannotBeReadYet) {
 }
 
 TEST_F(Convert, OutputFolderThatIsMissingFails) {
-  const Outcome run = Run({"a.jb2", "no/such/b.xml"});
+  const Outcome run = Run({"--no-compute", "a.jb2", "no/such/b.xml"});
   EXPECT_EQ(run.status, 1);
   EXPECT_EQ(run.err, "kalvio: no/such/b.xml: cannot be created: No such file or directory\n");
   EXPECT_THAT(Lines(run.out), ElementsAre(StartsWith("read  a.jb2")));

@@ -86,6 +86,9 @@ class Summary {
   }
   void TellComputation(const survey::SurveyResult& result) const {
     for (const std::string& line : SummaryLines(result)) TellLine(tdk::WString(line));
+    if (!Stranded(result).empty()) {
+      TellLine(Xlate("kalvio compute tells why stations place no points"));
+    }
   }
   void TellWrote(const std::string& path, const std::string& what) const {
     Tell(Xlate("wrote").ToUtf8(), path, what);

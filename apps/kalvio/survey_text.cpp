@@ -190,7 +190,8 @@ std::string SurveyText(HostDocument& document, const ComputationReport& report, 
   Report text(all);
   for (const JobResult& job : report.survey.jobs) TellJob(*document.GetLibCmp(), job, text);
   TellGps(*document.GetLibGps(), report.gps, text);
-  const std::vector<std::string> findings = Findings(report.survey);
+  std::vector<std::string> findings = Stranded(report.survey);
+  for (std::string& line : Findings(report.survey)) findings.push_back(std::move(line));
   if (!findings.empty()) text.Line(Text(Xlate("To be looked at")));
   for (std::size_t i = 0; i < text.Shown(findings.size()); ++i) text.Indented(findings[i]);
   text.TellRest(findings.size());

@@ -47,14 +47,6 @@ void TellResidual(const SetUpResult& setUp, const TargetResidual& it,
   }
 }
 
-void TellSetUp(const SetUpResult& setUp, std::vector<std::string>& lines) {
-  if (setUp.trouble != survey::SetUpTrouble::kNone && setUp.missing > 0) {
-    lines.push_back(Sentence(ToXlate("station {1} places no points: {2}"),
-                             {Quoted(setUp.name), WString(InWords(setUp.trouble))}));
-  }
-  for (const TargetResidual& it : setUp.residuals) TellResidual(setUp, it, lines);
-}
-
 void TellRepeated(const survey::RepeatedPoint& it, std::vector<std::string>& lines) {
   if (it.isAveraged) return;
   lines.push_back(
@@ -113,11 +105,25 @@ std::vector<std::string> SummaryLines(const survey::SurveyResult& result) {
   return lines;
 }
 
+std::vector<std::string> Stranded(const survey::SurveyResult& result) {
+  std::vector<std::string> lines;
+  for (const JobResult& job : result.jobs) {
+    for (const SetUpResult& setUp : job.setUps) {
+      if (setUp.trouble == survey::SetUpTrouble::kNone || setUp.missing == 0) continue;
+      lines.push_back(Sentence(ToXlate("station {1} places no points: {2}"),
+                               {Quoted(setUp.name), WString(InWords(setUp.trouble))}));
+    }
+  }
+  return lines;
+}
+
 std::vector<std::string> Findings(const survey::SurveyResult& result) {
   std::vector<std::string> lines;
   for (const survey::KnownClash& it : result.clashes) TellClash(it, lines);
   for (const JobResult& job : result.jobs) {
-    for (const SetUpResult& setUp : job.setUps) TellSetUp(setUp, lines);
+    for (const SetUpResult& setUp : job.setUps) {
+      for (const TargetResidual& it : setUp.residuals) TellResidual(setUp, it, lines);
+    }
     for (const survey::RepeatedPoint& it : job.repeated) TellRepeated(it, lines);
   }
   return lines;

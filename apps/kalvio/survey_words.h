@@ -19,6 +19,9 @@ struct ComputationReport {
 /// begins of which nothing is known: a line each, none when there was nothing to compute.
 std::vector<std::string> SummaryLines(const survey::SurveyResult& result);
 
+/// Which stations place no points, and why.
+std::vector<std::string> Stranded(const survey::SurveyResult& result);
+
 /// What stands out: blunders, points that are not one, known points that contradict each other.
 std::vector<std::string> Findings(const survey::SurveyResult& result);
 
