@@ -30,7 +30,7 @@ SetUpResult ResultOf(const Network& net, const Solution& solution, int setUp) {
 
 JobResult ComputeJob(const CLibCmp& library, int job, const KnownPlaces& known,
                      const ComputationSettings& settings) {
-  const Network net(library, job, known);
+  Network net(library, job, known);
   Solution solution(net, settings);
   solution.Run();
   JobResult result;
@@ -40,6 +40,7 @@ JobResult ComputeJob(const CLibCmp& library, int job, const KnownPlaces& known,
   for (int i = 0; i < static_cast<int>(net.SetUps().size()); ++i) {
     result.setUps.push_back(ResultOf(net, solution, i));
   }
+  net.AddRepeatedNames();  // the set-ups did not need all of them
   PlacePointsOf(net, settings, result);
   return result;
 }

@@ -43,7 +43,10 @@ void KnownPlaces::Add(const CEgn& point) {
   const Place place{point.GetCoordX(), point.GetCoordY(), point.GetCoordZ()};
   if (name.empty() || !IsDefined(place.x) || !IsDefined(place.y)) return;
   const auto [at, isNew] = places_.try_emplace(name, place);
-  if (isNew) return names_.AddShared(SharedNames::KeyOf(name));
+  if (isNew) {
+    names_.Add(KeyOf(name));
+    return;
+  }
   if (Differ(at->second, place)) conflicts_.push_back({name, at->second, place});
   if (!IsDefined(at->second.z)) at->second.z = place.z;
 }

@@ -5,7 +5,7 @@
 #include <unordered_map>
 #include <vector>
 
-#include "host/survey/shared_names.h"
+#include "host/survey/name_keys.h"
 #include "model/known_points.h"
 #include "model/polar.h"
 
@@ -26,16 +26,15 @@ class KnownPlaces {
 
   /// Null when the name is not known.
   const Place* Find(std::string_view name) const;
-  bool IsEmpty() const { return places_.empty(); }
-  /// False for nearly all names that are not known, without a search; `key` is from SharedNames.
-  bool MayKnow(std::uint64_t key) const { return names_.IsShared(key); }
+  /// False for nearly all names that are not known, without a search; `key` is from KeyOf.
+  bool MayKnow(std::uint64_t key) const { return !places_.empty() && names_.Has(key); }
   const std::vector<KnownConflict>& Conflicts() const { return conflicts_; }
 
  private:
   void Add(const CEgn& point);
 
   std::unordered_map<std::string_view, Place> places_;
-  SharedNames names_;
+  KeyFilter names_;
   std::vector<KnownConflict> conflicts_;
 };
 

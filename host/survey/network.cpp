@@ -1,85 +1,96 @@
 #include "host/survey/network.h"
 
-#include "host/survey/shared_names.h"
+#include <algorithm>
+
+#include "host/survey/expect.h"
 
 namespace survey {
 
-// Reads the names first, then only those points again whose names are shared.
-struct Network::Reader {
-  Reader(Network& network, const KnownPlaces& known)
-      : net(network), places(known), names(CountPoints() + net.setUps_.size()) {}
-
-  std::size_t CountPoints() {
-    std::size_t count = 0;
-    for (int i = 0; i < net.library_.GetStaArSize(net.job_); ++i) {
-      net.setUps_.push_back(
-          {net.library_.GetStaAt(net.job_, i), -1, net.library_.GetPunArSize(net.job_, i)});
-      count += static_cast<std::size_t>(net.setUps_.back().pointCount);
-    }
-    keys.reserve(count);
-    return count;
-  }
-
-  void ReadNames() {
-    for (int i = 0; i < Count(); ++i) {
-      names.AddShared(SharedNames::KeyOf(At(i).station->NameUtf8()));
-      for (int point = 0; point < At(i).pointCount; ++point) {
-        keys.push_back(SharedNames::KeyOf(PointAt(i, point)->NameUtf8()));
-        names.Add(keys.back());
-      }
-    }
-  }
-
-  void ReadSights() {
-    std::size_t key = 0;
-    for (int i = 0; i < Count(); ++i) {
-      SetUp& setUp = At(i);
-      setUp.target = TargetOf(setUp.station->NameUtf8());
-      if (setUp.target >= 0) TargetAt(setUp.target).setUps.push_back(i);
-      setUp.firstSight = static_cast<int>(net.sights_.size());
-      for (int point = 0; point < setUp.pointCount; ++point) {
-        const std::uint64_t name = keys[key++];
-        if (names.IsShared(name) || places.MayKnow(name)) AddSight(i, PointAt(i, point));
-      }
-      setUp.sightCount = static_cast<int>(net.sights_.size()) - setUp.firstSight;
-    }
-  }
-
-  void AddSight(int setUp, CPun* point) {
-    const int target = TargetOf(point->NameUtf8());
-    if (target < 0) return;
-    net.sights_.push_back({setUp, target, point});
-    ++TargetAt(target).sightCount;
-  }
-
-  // -1 for no name, which ties nothing together.
-  int TargetOf(std::string_view name) {
-    if (name.empty()) return -1;
-    const auto [at, isNew] = targets.try_emplace(name, static_cast<int>(net.targets_.size()));
-    if (isNew) net.targets_.push_back({name, places.Find(name), {}});
-    return at->second;
-  }
-
-  int Count() const { return static_cast<int>(net.setUps_.size()); }
-  SetUp& At(int setUp) const { return net.setUps_[static_cast<std::size_t>(setUp)]; }
-  Target& TargetAt(int target) const { return net.targets_[static_cast<std::size_t>(target)]; }
-  CPun* PointAt(int setUp, int point) const {
-    return net.library_.GetPunAt(net.job_, setUp, point);
-  }
-
-  Network& net;
-  const KnownPlaces& places;
-  std::vector<std::uint64_t> keys;  // of all points, in order
-  SharedNames names;
-  std::unordered_map<std::string_view, int> targets;
-};
-
 Network::Network(const CLibCmp& library, int job, const KnownPlaces& known)
-    : library_(library), job_(job) {
-  Reader reader(*this, known);
-  reader.ReadNames();
-  reader.ReadSights();
+    : library_(library), known_(known), job_(job) {
+  ReadSetUps();
+  ReadNames();
+  ReadSights(markPoints_);
+}
+
+void Network::AddRepeatedNames() {
+  if (hasRepeated_) return;
+  hasRepeated_ = true;
+  const std::vector<std::uint32_t> repeated = RepeatedPositions(keys_, laterKeys_);
+  if (repeated.empty()) return;
+  std::vector<std::uint32_t> all;
+  std::set_union(markPoints_.begin(), markPoints_.end(), repeated.begin(), repeated.end(),
+                 std::back_inserter(all));
+  ReadSights(all);
+}
+
+void Network::ReadSetUps() {
+  for (int i = 0; i < library_.GetStaArSize(job_); ++i) {
+    CSta* const station = library_.GetStaAt(job_, i);
+    const int target = TargetOf(station->NameUtf8());
+    if (target >= 0) targets_[static_cast<std::size_t>(target)].setUps.push_back(i);
+    setUps_.push_back({station, target, library_.GetPunArSize(job_, i)});
+  }
+}
+
+// One pass over all points, which is most of what a large job costs here.
+void Network::ReadNames() {
+  std::size_t count = 0;
+  KeyFilter setUpNames(setUps_.size());
+  for (const SetUp& setUp : setUps_) {
+    count += static_cast<std::size_t>(setUp.pointCount);
+    setUpNames.Add(KeyOf(setUp.station->NameUtf8()));
+  }
+  keys_.reserve(count);
+  LaterKeys later(count);
+  for (int i = 0; i < static_cast<int>(setUps_.size()); ++i) {
+    const auto points = library_.PointsOf(job_, i);
+    for (std::size_t k = 0; k < points.size(); ++k) {
+      ExpectNext(points, k, /*bytes=*/1);  // the name stands at the beginning
+      const std::uint64_t key = KeyOf(points[k]->NameUtf8());
+      if (setUpNames.Has(key) || known_.MayKnow(key)) {
+        markPoints_.push_back(static_cast<std::uint32_t>(keys_.size()));
+      }
+      keys_.push_back(key);
+      later.Add(key);
+    }
+  }
+  laterKeys_ = later.Finish();
+}
+
+// `points` are numbered through the whole job, and in order.
+void Network::ReadSights(std::span<const std::uint32_t> points) {
+  sights_.clear();
+  for (Target& target : targets_) target.sightCount = 0;
+  std::size_t first = 0;  // of the set-up's points
+  std::size_t next = 0;
+  for (int i = 0; i < static_cast<int>(setUps_.size()); ++i) {
+    SetUp& setUp = setUps_[static_cast<std::size_t>(i)];
+    setUp.firstSight = static_cast<int>(sights_.size());
+    const std::size_t end = first + static_cast<std::size_t>(setUp.pointCount);
+    const auto ofSetUp = library_.PointsOf(job_, i);
+    for (; next < points.size() && points[next] < end; ++next) {
+      AddSight(i, ofSetUp[points[next] - first]);
+    }
+    setUp.sightCount = static_cast<int>(sights_.size()) - setUp.firstSight;
+    first = end;
+  }
   OrderSightsByTarget();
+}
+
+void Network::AddSight(int setUp, CPun* point) {
+  const int target = TargetOf(point->NameUtf8());
+  if (target < 0) return;
+  sights_.push_back({setUp, target, point});
+  ++targets_[static_cast<std::size_t>(target)].sightCount;
+}
+
+// -1 for no name, which ties nothing together.
+int Network::TargetOf(std::string_view name) {
+  if (name.empty()) return -1;
+  const auto [at, isNew] = targetsByName_.try_emplace(name, static_cast<int>(targets_.size()));
+  if (isNew) targets_.push_back({name, known_.Find(name), {}});
+  return at->second;
 }
 
 void Network::OrderSightsByTarget() {

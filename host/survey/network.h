@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "host/survey/known_places.h"
+#include "host/survey/name_keys.h"
 #include "model/total_station.h"
 
 namespace survey {
@@ -35,8 +36,13 @@ struct Target {
 
 class Network {
  public:
-  /// `known` and the library must outlive it and stay as they are but for coordinates.
+  /// With the names of set-ups and known points as targets. `known` and the library must outlive it
+  /// and stay as they are but for coordinates.
   Network(const CLibCmp& library, int job, const KnownPlaces& known);
+
+  /// Names that occur more than once become targets, too. Those that are there stay as they are,
+  /// but sights are numbered anew.
+  void AddRepeatedNames();
 
   int Job() const { return job_; }
   const CLibCmp& Library() const { return library_; }
@@ -54,12 +60,21 @@ class Network {
   std::span<const Sight> AllSights() const { return sights_; }
 
  private:
-  struct Reader;
-
+  void ReadSetUps();
+  void ReadNames();
+  void ReadSights(std::span<const std::uint32_t> points);
+  void AddSight(int setUp, CPun* point);
+  int TargetOf(std::string_view name);
   void OrderSightsByTarget();
 
   const CLibCmp& library_;
+  const KnownPlaces& known_;
   int job_;
+  std::vector<std::uint64_t> keys_;        // of the names of all points, in order
+  std::vector<std::uint64_t> laterKeys_;   // of names that may occur more than once
+  std::vector<std::uint32_t> markPoints_;  // that may have the name of a set-up or a known point
+  std::unordered_map<std::string_view, int> targetsByName_;
+  bool hasRepeated_ = false;
   std::vector<SetUp> setUps_;
   std::vector<Target> targets_;
   std::vector<Sight> sights_;

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "host/survey/expect.h"
 #include "host/survey/place_mean.h"
 
 namespace survey {
@@ -35,17 +36,23 @@ class Placing {
     }
   }
 
-  void Points(SetUpResult& setUp, int count) {
+  void Points(SetUpResult& setUp) {
     const bool isOriented = IsDefined(setUp.orientation);
     how_.orientation = setUp.orientation;
-    for (int i = 0; i < count; ++i) {
-      CPun& point = *library_.GetPunAt(job_, setUp.station, i);
+    const PolarOrigin origin(InstrumentOf(*library_.GetStaAt(job_, setUp.station)),
+                             how_.orientation, how_.reduction);
+    const auto points = library_.PointsOf(job_, setUp.station);
+    for (int i = 0; i < static_cast<int>(points.size()); ++i) {
+      ExpectNext(points, static_cast<std::size_t>(i));
+      CPun& point = *points[static_cast<std::size_t>(i)];
       if (!isAnew_ && HasPlan(point)) {
         ++setUp.kept;
         continue;
       }
       if (isOriented) {
-        point.CalcolaCoordAssolute(true, how_);
+        // As CalcolaCoordAssolute does it for one.
+        const Place place = origin.Locate(point.ObservationToUse(how_), point.GetAltPri());
+        point.SetCoord(place.x, place.y, place.z);
       } else if (isAnew_) {
         Clear(point);
       }
@@ -117,9 +124,8 @@ void PlacePointsOf(const Network& net, const ComputationSettings& settings, JobR
   averaging.RememberKept(settings.isAnew);
   Placing placing(net, settings, result);
   for (SetUpResult& setUp : result.setUps) {
-    const SetUp& of = net.SetUps()[static_cast<std::size_t>(setUp.station)];
-    placing.Station(*of.station, setUp);
-    placing.Points(setUp, of.pointCount);
+    placing.Station(*net.SetUps()[static_cast<std::size_t>(setUp.station)].station, setUp);
+    placing.Points(setUp);
   }
   averaging.AverageAll(result);
 }

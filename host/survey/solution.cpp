@@ -57,21 +57,32 @@ SetUpTrouble InWordsOfSetUp(ResectionTrouble trouble) {
 
 }  // namespace
 
-Solution::Solution(const Network& net, const ComputationSettings& settings)
+Solution::Solution(Network& net, const ComputationSettings& settings)
     : net_(net),
       how_{0, settings.reduction, settings.addPrismOffset},
       isAnew_(settings.isAnew),
       states_(net.SetUps().size()),
       placed_(net.Targets().size()),
       isToOrient_(states_.size()),
-      isToResect_(states_.size()),
-      unsolved_(states_.size()) {}
+      isToResect_(states_.size()) {
+  for (const SetUp& setUp : net.SetUps()) {
+    if (setUp.pointCount > 0) ++unsolved_;
+  }
+}
 
 void Solution::Run() {
   PlaceWhatIsKnown();
   if (!isAnew_) PlaceKeptMarks();
   BeginSomewhere();
-  while (OrientWave() || ResectWave() || PlacePoints()) {
+  Spread();
+  if (unsolved_ == 0) return;
+  net_.AddRepeatedNames();
+  placed_.resize(net_.Targets().size());
+  while (PlacePoints()) Spread();
+}
+
+void Solution::Spread() {
+  while (OrientWave() || ResectWave()) {
   }
 }
 
@@ -180,7 +191,7 @@ void Solution::Oriented(int setUp, double orientation) {
   At(setUp).orientation = orientation;
   At(setUp).trouble = SetUpTrouble::kNone;
   withNewPoints_.push_back(setUp);
-  --unsolved_;
+  if (SetUpAt(setUp).pointCount > 0) --unsolved_;
 }
 
 // Where only easting and northing are known.

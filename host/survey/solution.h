@@ -15,8 +15,8 @@ namespace survey {
 /// that oriented set-ups placed serve as known ones.
 class Solution {
  public:
-  /// `net` must outlive it.
-  Solution(const Network& net, const ComputationSettings& settings);
+  /// `net`, which gets its repeated names when they are needed, must outlive it.
+  Solution(Network& net, const ComputationSettings& settings);
 
   void Run();
 
@@ -50,8 +50,11 @@ class Solution {
   };
 
   State& At(int setUp) { return states_[static_cast<std::size_t>(setUp)]; }
+  /// A target that the net got after the set-ups were done has no place.
   const PlacedTarget& PlacedAt(int target) const {
-    return placed_[static_cast<std::size_t>(target)];
+    static constexpr PlacedTarget kNowhere;
+    const auto index = static_cast<std::size_t>(target);
+    return index < placed_.size() ? placed_[index] : kNowhere;
   }
   const SetUp& SetUpAt(int setUp) const { return net_.SetUps()[static_cast<std::size_t>(setUp)]; }
   const Target& TargetAt(int target) const {
@@ -61,6 +64,7 @@ class Solution {
   void PlaceWhatIsKnown();
   void PlaceKeptMarks();
   void BeginSomewhere();
+  void Spread();
   bool OrientWave();
   bool ResectWave();
   bool PlacePoints();
@@ -80,7 +84,7 @@ class Solution {
   std::vector<TargetSight> BestTargets(int setUp) const;
   std::vector<TargetSight> OwnKeptPoints(int setUp) const;
 
-  const Network& net_;
+  Network& net_;
   const CCalcDsOr how_;
   const bool isAnew_;
   std::vector<State> states_;
@@ -93,7 +97,7 @@ class Solution {
   std::vector<char> isToResect_;
   // Oriented set-ups whose points have not served yet.
   std::vector<int> withNewPoints_;
-  std::size_t unsolved_;  // set-ups without an orientation
+  std::size_t unsolved_ = 0;  // set-ups with points but without an orientation
 };
 
 }  // namespace survey

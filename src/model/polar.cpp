@@ -59,20 +59,25 @@ double HorizontalDistance(double slopeDistance, double zenith) {
   return RayOf(slopeDistance, zenith).across;
 }
 
+PolarOrigin::PolarOrigin(const Instrument& instrument, double orientation,
+                         const Reduction& reduction)
+    : mark_(IsPlaneDefined(instrument.mark) ? instrument.mark : Place{}),
+      axis_(IsDefined(mark_.z) ? mark_.z + instrument.height : UndefinedValue),
+      orientation_(orientation),
+      reduction_(reduction) {}
+
+Place PolarOrigin::Locate(const Observation& observation, double prismHeight) const {
+  if (!IsDefined(observation.horizontal) || mark_.x == UndefinedValue) return {};
+  const Ray ray = RayOf(observation.slopeDistance, observation.zenith, reduction_);
+  if (ray.across == UndefinedValue) return {};
+  const double azimuth = (orientation_ + observation.horizontal) * kRadiansPerGon;
+  return {mark_.x + ray.across * std::sin(azimuth), mark_.y + ray.across * std::cos(azimuth),
+          axis_ == UndefinedValue ? UndefinedValue : axis_ + ray.up - prismHeight};
+}
+
 Place Locate(const Instrument& instrument, const Observation& observation, double prismHeight,
              double orientation, const Reduction& reduction) {
-  const Ray ray = RayOf(observation.slopeDistance, observation.zenith, reduction);
-  if (!IsDefined(ray.across) || !IsDefined(observation.horizontal) ||
-      !IsPlaneDefined(instrument.mark)) {
-    return {};
-  }
-  const double azimuth = (orientation + observation.horizontal) * kRadiansPerGon;
-  Place place{instrument.mark.x + ray.across * std::sin(azimuth),
-              instrument.mark.y + ray.across * std::cos(azimuth), UndefinedValue};
-  if (IsDefined(instrument.mark.z)) {
-    place.z = instrument.mark.z + instrument.height + ray.up - prismHeight;
-  }
-  return place;
+  return PolarOrigin(instrument, orientation, reduction).Locate(observation, prismHeight);
 }
 
 Observation Observe(const Instrument& instrument, const Place& target, double prismHeight,

@@ -46,6 +46,22 @@ Ray RayOf(double slopeDistance, double zenith, const Reduction& reduction = {});
 double HeightDifference(double slopeDistance, double zenith);
 double HorizontalDistance(double slopeDistance, double zenith);
 
+/// An oriented instrument, made ready for many observations. `orientation` is the azimuth of the
+/// zero direction (gon, clockwise from north).
+class PolarOrigin {
+ public:
+  PolarOrigin(const Instrument& instrument, double orientation, const Reduction& reduction);
+
+  /// The place that an observation leads to; see Locate.
+  Place Locate(const Observation& observation, double prismHeight) const;
+
+ private:
+  Place mark_;
+  double axis_;  // elevation; undefined without the mark's
+  double orientation_;
+  Reduction reduction_;
+};
+
 /// The place that an observation leads to. `orientation` is the azimuth of the zero direction (gon,
 /// clockwise from north). Easting and northing are undefined without distance, angles or the mark's
 /// easting and northing, the elevation also without the mark's elevation.

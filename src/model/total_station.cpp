@@ -49,12 +49,6 @@ void CPun::CalcolaCoordAssolute(bool /*notify*/, CCalcDsOr& how) {
   SetCoord(place.x, place.y, place.z);
 }
 
-Observation CPun::ObservationToUse(const CCalcDsOr& how) const {
-  Observation observation{slopeDistance_, zenith_, horizontal_};
-  if (how.addPrismOffset && IsDefined(slopeDistance_)) observation.slopeDistance += prismOffset_;
-  return observation;
-}
-
 CSta::~CSta() = default;
 
 void CJob::SetLabels(const tdk::WString& nome, const tdk::WString& oper, const tdk::WString& strum,
@@ -85,6 +79,12 @@ CPun* CLibCmp::GetPunAt(int job, int sta, int pun) const {
   if (parent == nullptr || pun < 0) return nullptr;
   const auto index = static_cast<std::size_t>(pun);
   return index < parent->points_.size() ? parent->points_[index] : nullptr;
+}
+
+std::span<CPun* const> CLibCmp::PointsOf(int job, int sta) const {
+  const CSta* const parent = GetStaAt(job, sta);
+  if (parent == nullptr) return {};
+  return parent->points_;
 }
 
 CJob* CLibCmp::AddJob(bool /*notify*/) {

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <span>
 #include <vector>
 
 #include "model/egn.h"
@@ -78,7 +79,11 @@ class CPun : public CEgn {
   void CalcolaCoordAssolute(bool notify, CCalcDsOr& how);
 
   /// The observation with what `how` adds to its distance.
-  Observation ObservationToUse(const CCalcDsOr& how) const;
+  Observation ObservationToUse(const CCalcDsOr& how) const {
+    Observation observation{slopeDistance_, zenith_, horizontal_};
+    if (how.addPrismOffset && IsDefined(slopeDistance_)) observation.slopeDistance += prismOffset_;
+    return observation;
+  }
 
   const CSta* GetSta() const { return station_; }
 
@@ -159,6 +164,9 @@ class CLibCmp : public CLibConOri, public TargetDrawingHolder {
   CJob* GetJobAt(int job) const { return ElementAt(jobs_, job); }
   CSta* GetStaAt(int job, int sta) const;
   CPun* GetPunAt(int job, int sta, int pun) const;
+
+  /// All points of a station at once, for the host's engines; until one is added.
+  std::span<CPun* const> PointsOf(int job, int sta) const;
 
   /// Each appends an empty object and returns it; null when the host refuses or the parent is not
   /// there. The flag asks the host to tell its views.
