@@ -422,6 +422,28 @@ TEST_F(Survey, PointsThatAreThereOrientTheirStationForTheOthers) {
   ExpectAt(added, 500, 590, 70);
 }
 
+TEST_F(Survey, ElevationThatAKeptStationLacksIsFilledIn) {
+  Known("A", 500, 700, 55);
+  CSta& station = Station("S", 1.5);
+  station.SetCoord(500, 600, UndefinedValue);
+  Sight(station, "A", {100, 100, 0}, 2);
+  CPun& point = Sight(station, "P", {10, 100, 0}, 1.5);
+  Compute();
+  ExpectAt(station, 500, 600, 55.5);
+  ExpectAt(point, 500, 610, 55.5);
+}
+
+TEST_F(Survey, StationOnTheMarkOfOneThatIsThereStandsThereToo) {
+  Station("S").SetCoord(500, 600, 70);
+  Known("A", 500, 700, 70);
+  CSta& again = Station("S");
+  Sight(again, "A", {100, 100, 0});
+  CPun& point = Sight(again, "P", {10, 100, 100});
+  Compute();
+  ExpectAt(again, 500, 600, 70);
+  ExpectAt(point, 510, 600, 70);
+}
+
 TEST_F(Survey, AnewForgetsWhatIsThere) {
   settings.isAnew = true;
   Known("S", 0, 0, 0);

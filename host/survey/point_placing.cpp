@@ -28,8 +28,8 @@ class Placing {
         result_(result) {}
 
   void Station(CSta& station, const SetUpResult& setUp) const {
-    if (setUp.method == SetUpMethod::kKept) return;
     if (setUp.method != SetUpMethod::kNone) {
+      // Also where they were there: the elevation may be new.
       station.SetCoord(setUp.mark.x, setUp.mark.y, setUp.mark.z);
     } else if (isAnew_) {
       Clear(station);
@@ -39,8 +39,8 @@ class Placing {
   void Points(SetUpResult& setUp) {
     const bool isOriented = IsDefined(setUp.orientation);
     how_.orientation = setUp.orientation;
-    const PolarOrigin origin(InstrumentOf(*library_.GetStaAt(job_, setUp.station)),
-                             how_.orientation, how_.reduction);
+    const double height = library_.GetStaAt(job_, setUp.station)->GetAltStr();
+    const PolarOrigin origin({setUp.mark, height}, how_.orientation, how_.reduction);
     const auto points = library_.PointsOf(job_, setUp.station);
     for (int i = 0; i < static_cast<int>(points.size()); ++i) {
       ExpectNext(points, static_cast<std::size_t>(i));

@@ -105,6 +105,9 @@ void Solution::PlaceKeptMarks() {
       SetPlace(target, PlaceOf(station), Rank::kSetUp);
     }
   }
+  for (int target = 0; target < static_cast<int>(placed_.size()); ++target) {
+    if (IsMark(target)) PutSetUpsOn(target, SetUpMethod::kKnown);  // again on the same mark
+  }
 }
 
 // At the first set-up that saw anything, when nothing is known.
