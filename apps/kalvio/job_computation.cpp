@@ -32,7 +32,7 @@ survey::ComputationSettings ComputationOptions(const Arguments& arguments) {
 }
 
 tdk::WString ReferenceSystemOption(const Arguments& arguments) {
-  const tdk::WString crs(arguments.Value("--crs").value_or(""));
+  tdk::WString crs(arguments.Value("--crs").value_or(""));
   IGeodesy* const geodesy = IGeodesy::Current();
   if (crs.IsEmpty() || (geodesy != nullptr && geodesy->TransformOf(crs) != nullptr)) return crs;
   throw Failed("--crs " + crs.ToUtf8(),

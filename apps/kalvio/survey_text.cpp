@@ -69,10 +69,10 @@ void TellSetUps(const JobResult& job, Report& report) {
   for (std::size_t i = 0; i < report.Shown(job.setUps.size()); ++i) {
     const SetUpResult& it = job.setUps[i];
     const bool hasSpread = IsDefined(it.orientation) && it.orientationSpread > 0;
+    const auto points = static_cast<std::size_t>(it.placed) + static_cast<std::size_t>(it.kept);
     table.Add({NameOrDash(it.name), InWords(it.method), Metres(it.mark.x), Metres(it.mark.y),
                Metres(it.mark.z), Direction(it.orientation),
-               hasSpread ? Gon(it.orientationSpread) : "–",
-               Number(static_cast<std::size_t>(it.placed + it.kept))});
+               hasSpread ? Gon(it.orientationSpread) : "–", Number(points)});
   }
   report.Add(table);
   report.TellRest(job.setUps.size());

@@ -60,6 +60,7 @@ void PreviewPoints(HostDocument& document, const TextOptions& options, bool all)
   table.Add(head);
   for (int i = 0; i < shown; ++i) {
     std::vector<std::string> cells;
+    cells.reserve(columns.size());
     for (const int column : columns) cells.push_back(Cell(PointAt(document, kind, i), column));
     table.Add(cells);
   }

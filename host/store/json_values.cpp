@@ -67,7 +67,7 @@ std::string Put(const JsonValue& value, double& number) {
 
 std::string Put(const JsonValue& value, float& number) {
   double wide = UndefinedValue;
-  const std::string expected = Put(value, wide);
+  std::string expected = Put(value, wide);
   if (!expected.empty()) return expected;
   const float narrow = ToSingle(wide);
   if (IsDefined(wide) && !IsDefined(static_cast<double>(narrow)))

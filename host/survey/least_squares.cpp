@@ -62,7 +62,7 @@ double MeanReach(const SetUpState& state, std::span<const TargetSight> sights) {
 bool IsRegular(const Eigen::Matrix3d& matrix) {
   constexpr double kLeastRatio = 1e-10;
   const Eigen::SelfAdjointEigenSolver<Eigen::Matrix3d> solver(matrix, Eigen::EigenvaluesOnly);
-  const Eigen::Vector3d values = solver.eigenvalues();
+  const Eigen::Vector3d& values = solver.eigenvalues();
   return values.allFinite() && values[0] > kLeastRatio * values[2];
 }
 

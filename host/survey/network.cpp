@@ -103,8 +103,8 @@ void Network::OrderSightsByTarget() {
   sightsByTarget_.resize(sights_.size());
   for (std::size_t i = 0; i < sights_.size(); ++i) {
     Target& target = targets_[static_cast<std::size_t>(sights_[i].target)];
-    sightsByTarget_[static_cast<std::size_t>(target.firstSight + target.sightCount++)] =
-        static_cast<int>(i);
+    const int place = target.firstSight + target.sightCount++;
+    sightsByTarget_[static_cast<std::size_t>(place)] = static_cast<int>(i);
   }
 }
 

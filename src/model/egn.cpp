@@ -25,7 +25,7 @@ void CEgn::SetNomCoord(const tdk::WString& name, const tdk::WString& code, doubl
 }
 
 void CEgn::CalcolaValiditaXYZ() {
-  const int valid = (IsDefined(x_) ? kValidX : 0) | (IsDefined(y_) ? kValidY : 0) |
-                    (IsDefined(z_) ? kValidZ : 0);
+  const int valid =
+      (IsDefined(x_) ? kValidX : 0) | (IsDefined(y_) ? kValidY : 0) | (IsDefined(z_) ? kValidZ : 0);
   flags_ = static_cast<std::uint8_t>((flags_ & ~(kValidX | kValidY | kValidZ)) | valid);
 }

@@ -90,7 +90,7 @@ tdk::WString CovarianceText(float single) {
     ++decimals;
   }
   constexpr int kMostDecimals = 10;
-  const tdk::WString text = Fixed(value, kMostDecimals);
+  tdk::WString text = Fixed(value, kMostDecimals);
   if (DoubleDaString(text) != 0) return text;
   return value > 0 ? "0.0000000001" : "-0.0000000001";
 }

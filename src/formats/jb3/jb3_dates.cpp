@@ -52,7 +52,8 @@ struct CalendarDay {
   int year;
   int month;
   int day;
-  auto operator<=>(const CalendarDay&) const = default;
+  auto operator<=>(const CalendarDay&) const =
+      default;  // NOLINT(modernize-use-nullptr): made by the compiler
 };
 
 std::string TextOf(const CalendarDay& date) {

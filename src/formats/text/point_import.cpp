@@ -39,7 +39,7 @@ bool PointImport::AddKnown(CEgn* point, const PointLine& line) const {
 }
 
 // As it is to be seen from the station: the observation follows from the coordinates.
-bool PointImport::AddObserved(const PointLine& line) {
+bool PointImport::AddObserved(const PointLine& line) const {
   CSta* const station = into_.totalStation->GetCurrSta();
   CPun* const point = station == nullptr ? nullptr : into_.totalStation->AddPun(station, true);
   if (point == nullptr) return false;
@@ -51,7 +51,7 @@ bool PointImport::AddObserved(const PointLine& line) {
   return true;
 }
 
-bool PointImport::AddGps(const PointLine& line) {
+bool PointImport::AddGps(const PointLine& line) const {
   CGrpGps* const group = into_.gps->GetCurrGrp();
   if (group == nullptr || !group->IsCdElabValid()) return false;
   double lat = 0;

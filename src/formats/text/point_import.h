@@ -29,8 +29,8 @@ class PointImport {
  private:
   void MakeGroup(const tdk::WString& path);
   bool AddKnown(CEgn* point, const PointLine& line) const;
-  bool AddObserved(const PointLine& line);
-  bool AddGps(const PointLine& line);
+  bool AddObserved(const PointLine& line) const;
+  bool AddGps(const PointLine& line) const;
 
   Libraries into_;
   int kind_;
