@@ -12,7 +12,7 @@ constexpr std::size_t kSlotsPerKey = 32;
 constexpr std::size_t kLeastWords = 64;
 
 struct At {
-  std::uint64_t key;
+  ShortKey key;
   std::uint32_t position;
 };
 
@@ -32,6 +32,9 @@ std::vector<std::uint32_t> OfSeveral(std::vector<At> found) {
   return positions;
 }
 
+// Over all the bits that a filter looks at.
+std::uint64_t Spread(ShortKey key) { return key_detail::Mixed(key, 0); }
+
 }  // namespace
 
 KeyFilter::KeyFilter(std::size_t count) {
@@ -46,13 +49,14 @@ const std::vector<std::uint64_t>& LaterKeys::Finish() {
   return later_;
 }
 
-std::vector<std::uint32_t> RepeatedPositions(std::span<const std::uint64_t> keys,
+std::vector<std::uint32_t> RepeatedPositions(std::span<const ShortKey> keys,
                                              std::span<const std::uint64_t> later) {
+  if (later.empty()) return {};
   KeyFilter filter(later.size());
-  for (const std::uint64_t key : later) filter.Add(key);
+  for (const std::uint64_t key : later) filter.Add(Spread(ShortOf(key)));
   std::vector<At> found;
   for (std::size_t i = 0; i < keys.size(); ++i) {
-    if (filter.Has(keys[i])) found.push_back({keys[i], static_cast<std::uint32_t>(i)});
+    if (filter.Has(Spread(keys[i]))) found.push_back({keys[i], static_cast<std::uint32_t>(i)});
   }
   return OfSeveral(std::move(found));
 }

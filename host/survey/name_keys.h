@@ -111,8 +111,13 @@ class LaterKeys {
   std::vector<std::uint64_t> later_;
 };
 
-/// The positions, in order, of the keys that occur more than once. `later` are LaterKeys of them.
-std::vector<std::uint32_t> RepeatedPositions(std::span<const std::uint64_t> keys,
+/// Half a key is enough to tell nearly all names apart, and takes half the memory.
+using ShortKey = std::uint32_t;
+inline ShortKey ShortOf(std::uint64_t key) { return static_cast<ShortKey>(key >> 16); }
+
+/// The positions, in order, of the keys that occur more than once, and of a few others by chance.
+/// `later` are LaterKeys of them.
+std::vector<std::uint32_t> RepeatedPositions(std::span<const ShortKey> keys,
                                              std::span<const std::uint64_t> later);
 
 }  // namespace survey

@@ -51,7 +51,7 @@ void Network::ReadNames() {
       if (setUpNames.Has(key) || known_.MayKnow(key)) {
         markPoints_.push_back(static_cast<std::uint32_t>(keys_.size()));
       }
-      keys_.push_back(key);
+      keys_.push_back(ShortOf(key));
       later.Add(key);
     }
   }

@@ -70,7 +70,7 @@ class Network {
   const CLibCmp& library_;
   const KnownPlaces& known_;
   int job_;
-  std::vector<std::uint64_t> keys_;        // of the names of all points, in order
+  std::vector<ShortKey> keys_;             // of the names of all points, in order
   std::vector<std::uint64_t> laterKeys_;   // of names that may occur more than once
   std::vector<std::uint32_t> markPoints_;  // that may have the name of a set-up or a known point
   std::unordered_map<std::string_view, int> targetsByName_;

@@ -1,6 +1,8 @@
 #include "formats/text/character_filter.h"
 
 #include <algorithm>
+#include <cstdint>
+#include <cstring>
 
 #include "platform/code_page.h"
 
@@ -38,16 +40,40 @@ struct Sorts {
   bool hasQuote;
 };
 
-// Without a branch, and in bytes, so that many characters are looked at at once.
-Sorts SortsIn(std::string_view text) {
-  unsigned char odd = 0;
-  unsigned char quotes = 0;
+using Word = std::uint64_t;
+constexpr Word kOfEach = 0x0101010101010101;  // times a byte: that byte eight times
+constexpr Word kHighBits = 0x80 * kOfEach;
+
+// Not 0 when a byte of the word is less than `limit`, which is at most 128.
+Word AnyLess(Word word, Word limit) { return (word - limit * kOfEach) & ~word & kHighBits; }
+
+Sorts SortsOfWord(const char* at) {
+  Word word;
+  std::memcpy(&word, at, sizeof word);
+  return {((word & kHighBits) | AnyLess(word, kFirstPlain)) == 0,
+          AnyLess(word ^ '"' * kOfEach, 1) != 0};
+}
+
+Sorts SortsOfShort(std::string_view text) {
+  Sorts sorts{true, false};
   for (const char c : text) {
-    const auto above = static_cast<unsigned char>(static_cast<unsigned char>(c) - kFirstPlain);
-    odd = static_cast<unsigned char>(odd | (above >= kPlainCount ? 1 : 0));
-    quotes = static_cast<unsigned char>(quotes | (c == '"' ? 1 : 0));
+    if (static_cast<unsigned char>(c) - kFirstPlain >= kPlainCount) sorts.isAllText = false;
+    if (c == '"') sorts.hasQuote = true;
   }
-  return {odd == 0, quotes != 0};
+  return sorts;
+}
+
+// Eight characters at once; the last eight may overlap those before.
+Sorts SortsIn(std::string_view text) {
+  if (text.size() < sizeof(Word)) return SortsOfShort(text);
+  const char* const last = text.data() + text.size() - sizeof(Word);
+  Sorts sorts = SortsOfWord(last);
+  for (const char* at = text.data(); at < last; at += sizeof(Word)) {
+    const Sorts more = SortsOfWord(at);
+    sorts.isAllText &= more.isAllText;
+    sorts.hasQuote |= more.hasQuote;
+  }
+  return sorts;
 }
 
 }  // namespace
