@@ -39,7 +39,7 @@ inline std::uint64_t Mixed(std::uint64_t key, std::uint64_t word) {
 /// million points.
 inline std::uint64_t KeyOf(std::string_view name) {
   using namespace key_detail;
-  std::uint64_t key = name.size();
+  std::uint64_t key = Mixed(name.size(), 0);
   while (name.size() > sizeof key) {
     key = Mixed(key, Load<std::uint64_t>(name.data()));
     name.remove_prefix(sizeof key);
