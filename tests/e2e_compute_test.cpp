@@ -87,6 +87,18 @@ TEST_F(Compute, ReportThatCannotBeWrittenFails) {
   EXPECT_EQ(run.err, "kalvio: no/such/r.txt: cannot be created: No such file or directory\n");
 }
 
+TEST_F(Compute, ReportInPlaceOfAnInputIsRefused) {
+  const Outcome run = Run({"field.jb2", "--report", "./field.jb2"});
+  EXPECT_EQ(run.status, 2);
+  EXPECT_EQ(run.err, "kalvio: ./field.jb2: it is an input and the output\n");
+  EXPECT_EQ(Bytes("field.jb2"), Observations());
+}
+
+TEST_F(Compute, SaysThatThereIsNothingToWorkOut) {
+  EXPECT_EQ(Run({"known.csv"}).out,
+            "There is nothing to work out: no total-station job and no GPS group.\n");
+}
+
 TEST_F(Compute, JobFolderKeepsTheCoordinates) {
   Convert({"--no-compute", "--job", "job", "field.jb2", "out.jb2"});
   std::filesystem::create_directory(folder.File("job"));

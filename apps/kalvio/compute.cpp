@@ -28,6 +28,7 @@ Sources CheckedSources(const Arguments& arguments) {
     sources.files.erase(sources.files.begin());
   }
   for (const std::string& file : sources.files) {
+    if (const auto report = arguments.Value("--report")) RefuseOneForBoth(file, *report);
     CheckThere(file);
     CheckReadable(file);
   }

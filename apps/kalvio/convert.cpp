@@ -19,13 +19,6 @@ struct Files {
   std::string output;
 };
 
-bool IsSameFile(const std::string& first, const std::string& second) {
-  const std::string one = platform::NativePath(AbsolutePath(first));
-  const std::string other = platform::NativePath(AbsolutePath(second));
-  std::error_code error;
-  return one == other || std::filesystem::equivalent(one, other, error);
-}
-
 // All that can be wrong with the names is found before anything is read: first bad usage, then
 // formats that this version lacks.
 Files CheckedFiles(const Arguments& arguments) {
@@ -33,9 +26,7 @@ Files CheckedFiles(const Arguments& arguments) {
   files.inputs.pop_back();
   for (const std::string& path : arguments.words) FormatOf(path);
   for (const std::string& input : files.inputs) {
-    if (IsSameFile(input, files.output)) {
-      throw BadUsage(files.output + ": " + Xlate("it is an input and the output").ToUtf8());
-    }
+    RefuseOneForBoth(input, files.output);
   }
   for (const std::string& input : files.inputs) CheckReadable(input);
   CheckWritable(files.output);

@@ -133,6 +133,14 @@ Exchange ExportFile(const Module& module, const std::string& path, HostDocument&
   return exchange;
 }
 
+void RefuseOneForBoth(const std::string& input, const std::string& output) {
+  const std::string one = platform::NativePath(AbsolutePath(input));
+  const std::string other = platform::NativePath(AbsolutePath(output));
+  std::error_code error;
+  if (one != other && !std::filesystem::equivalent(one, other, error)) return;
+  throw BadUsage(output + ": " + Xlate("it is an input and the output").ToUtf8());
+}
+
 void TellRemarks(const std::string& path, const std::vector<std::string>& remarks) {
   for (std::size_t i = 0; i < remarks.size() && i < kRemarksShown; ++i) {
     console::Complain(path + ": " + remarks[i]);

@@ -23,5 +23,8 @@ Exchange ImportFile(const Module& module, const std::string& path, HostDocument&
 Exchange ExportFile(const Module& module, const std::string& path, HostDocument& document,
                     const TextOptions& options, ProgressLine& progress);
 
+/// Throws Failure (bad usage) when an input is also what is written, by whatever name.
+void RefuseOneForBoth(const std::string& input, const std::string& output);
+
 /// Tells the remarks on standard error, the first ten of them and how many more there are.
 void TellRemarks(const std::string& path, const std::vector<std::string>& remarks);

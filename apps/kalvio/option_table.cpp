@@ -14,45 +14,12 @@ constexpr std::size_t kAny = std::numeric_limits<std::size_t>::max();
 // The version options have no effect on the formats of this version, so no help shows them.
 constexpr const char* kNotShown = nullptr;
 constexpr const char* kNoFallback = nullptr;
+constexpr const char* kWithTextFiles = "convert compute show";
 
 constexpr auto kOptions = std::to_array<OptionRow>({
     {"convert", "INPUT", "", ToXlate("input files, read in this order; with --job none is needed"),
      kNoFallback, true},
     {"convert", "OUTPUT", "", ToXlate("output file; an older one is written over"), kNoFallback},
-    {"convert", "--kind", "known|control|ts|gps",
-     ToXlate("kind of the points of a text or CSV file"),
-     ToXlate("known; written: the first that has points")},
-    {"convert", "--columns", "LIST",
-     ToXlate("up to six of name,north,east,elev,descr,date,time,- in a text or CSV file"),
-     "name,east,north,elev,descr"},
-    {"convert", "--separator", "space|comma|tab",
-     ToXlate("between the columns of a .txt file; a .csv file has semicolons"), "comma"},
-    {"convert", "--widths", "LIST", ToXlate("columns of these widths instead, in a .txt file"),
-     kNoFallback},
-    {"convert", "--header-rows", "N", ToXlate("lines before the points"), "0"},
-    {"convert", "--quote-names", nullptr, ToXlate("quotes around names: written, or taken off"),
-     kNoFallback},
-    {"convert", "--dwg-version", "2000|r14", kNotShown, kNoFallback},
-    {"convert", "--dxf-version", "2000|r12", kNotShown, kNoFallback},
-    {"convert", "--crs", "AUTH:CODE",
-     ToXlate("reference system of the plane coordinates of GPS groups, such as EPSG:32632"),
-     kNoFallback},
-    {"convert", "--job", "JOB", ToXlate("import into and export from this job"),
-     ToXlate("a new one")},
-    {"convert", "--no-compute", nullptr,
-     ToXlate("leave points as they are; else coordinates are worked out from observations"),
-     kNoFallback},
-    {"convert", "--again", nullptr,
-     ToXlate("work out also the coordinates that stations and points have"), kNoFallback},
-    {"convert", "--refraction", "K",
-     ToXlate("reckon with the earth's curvature and this refraction coefficient"),
-     ToXlate("as the job's settings say; none")},
-    {"convert", "--add-prism-constant", nullptr,
-     ToXlate("prism constants are not in the distances yet"), kNoFallback},
-    {"convert", "--quiet", nullptr, ToXlate("no summary"), kNoFallback},
-    {"convert", "--progress", "auto|always|never", ToXlate("show how far it has come"),
-     ToXlate("auto, which is on a terminal only")},
-
     {"compute", "JOB|FILE", "",
      ToXlate("job folder or .json document, and files with observations or known points"),
      kNoFallback, true},
@@ -60,48 +27,50 @@ constexpr auto kOptions = std::to_array<OptionRow>({
      ToXlate("write the whole report into a file, as JSON when its name ends in .json"),
      kNoFallback},
     {"compute", "--json", nullptr, ToXlate("print the report as a JSON document"), kNoFallback},
-    {"compute", "--all", nullptr, ToXlate("lists in full, however long they are"), kNoFallback},
-    {"compute", "--save", "JOB", ToXlate("where the job is written"),
-     ToXlate("the job folder, if it is one")},
-    {"compute", "--again", nullptr,
-     ToXlate("work out also the coordinates that stations and points have"), kNoFallback},
-    {"compute", "--refraction", "K",
-     ToXlate("reckon with the earth's curvature and this refraction coefficient"),
-     ToXlate("as the job's settings say; none")},
-    {"compute", "--add-prism-constant", nullptr,
-     ToXlate("prism constants are not in the distances yet"), kNoFallback},
-    {"compute", "--crs", "AUTH:CODE",
-     ToXlate("reference system of the plane coordinates of GPS groups, such as EPSG:32632"),
-     kNoFallback},
-    {"compute", "--kind", "known|control", ToXlate("kind of the points of a text or CSV file"),
-     "known"},
-    {"compute", "--columns", "LIST",
-     ToXlate("up to six of name,north,east,elev,descr,date,time,- in a text or CSV file"),
-     "name,east,north,elev,descr"},
-    {"compute", "--separator", "space|comma|tab",
-     ToXlate("between the columns of a .txt file; a .csv file has semicolons"), "comma"},
-    {"compute", "--widths", "LIST", ToXlate("columns of these widths instead, in a .txt file"),
-     kNoFallback},
-    {"compute", "--header-rows", "N", ToXlate("lines before the points"), "0"},
-    {"compute", "--quote-names", nullptr, ToXlate("quotes around names: written, or taken off"),
-     kNoFallback},
-
     {"show", "JOB|FILE", "", ToXlate("job folder, .json document or a file that can be read"),
      kNoFallback},
     {"show", "--json", nullptr, ToXlate("the whole job as a JSON document"), kNoFallback},
-    {"show", "--all", nullptr, ToXlate("lists in full, however long they are"), kNoFallback},
-    {"show", "--kind", "known|control", ToXlate("kind of the points of a text or CSV file"),
+    {"compute show", "--all", nullptr, ToXlate("lists in full, however long they are"),
+     kNoFallback},
+
+    {"convert", "--kind", "known|control|ts|gps",
+     ToXlate("kind of the points of a text or CSV file"),
+     ToXlate("known; written: the first that has points")},
+    {"compute show", "--kind", "known|control", ToXlate("kind of the points of a text or CSV file"),
      "known"},
-    {"show", "--columns", "LIST",
+    {kWithTextFiles, "--columns", "LIST",
      ToXlate("up to six of name,north,east,elev,descr,date,time,- in a text or CSV file"),
      "name,east,north,elev,descr"},
-    {"show", "--separator", "space|comma|tab",
+    {kWithTextFiles, "--separator", "space|comma|tab",
      ToXlate("between the columns of a .txt file; a .csv file has semicolons"), "comma"},
-    {"show", "--widths", "LIST", ToXlate("columns of these widths instead, in a .txt file"),
+    {kWithTextFiles, "--widths", "LIST", ToXlate("columns of these widths instead, in a .txt file"),
      kNoFallback},
-    {"show", "--header-rows", "N", ToXlate("lines before the points"), "0"},
-    {"show", "--quote-names", nullptr, ToXlate("quotes around names: written, or taken off"),
+    {kWithTextFiles, "--header-rows", "N", ToXlate("lines before the points"), "0"},
+    {kWithTextFiles, "--quote-names", nullptr,
+     ToXlate("quotes around names: written, or taken off"), kNoFallback},
+    {"convert", "--dwg-version", "2000|r14", kNotShown, kNoFallback},
+    {"convert", "--dxf-version", "2000|r12", kNotShown, kNoFallback},
+
+    {"convert", "--no-compute", nullptr,
+     ToXlate("leave points as they are; else coordinates are worked out from observations"),
      kNoFallback},
+    {"convert compute", "--again", nullptr,
+     ToXlate("work out also the coordinates that stations and points have"), kNoFallback},
+    {"convert compute", "--refraction", "K",
+     ToXlate("reckon with the earth's curvature and this refraction coefficient"),
+     ToXlate("as the job's settings say; none")},
+    {"convert compute", "--add-prism-constant", nullptr,
+     ToXlate("prism constants are not in the distances yet"), kNoFallback},
+    {"convert compute", "--crs", "AUTH:CODE",
+     ToXlate("reference system of the plane coordinates of GPS groups, such as EPSG:32632"),
+     kNoFallback},
+    {"convert", "--job", "JOB", ToXlate("import into and export from this job"),
+     ToXlate("a new one")},
+    {"compute", "--save", "JOB", ToXlate("where the job is written"),
+     ToXlate("the job folder, if it is one")},
+    {"convert", "--quiet", nullptr, ToXlate("no summary"), kNoFallback},
+    {"convert", "--progress", "auto|always|never", ToXlate("show how far it has come"),
+     ToXlate("auto, which is on a terminal only")},
 
     {"call", "FUNCTION", "", ToXlate("name of the exported function"), kNoFallback},
     {"call", "--job", "JOB", ToXlate("job folder or .json document to work on"),
@@ -188,6 +157,17 @@ constexpr auto kCommands = std::to_array<CommandRow>({
 });
 
 }  // namespace
+
+bool OptionRow::BelongsTo(std::string_view which) const {
+  std::string_view rest = commands;
+  if (IsOfAll() || rest == which) return true;
+  while (!rest.empty() && !which.empty()) {
+    const std::string_view one = rest.substr(0, rest.find(' '));
+    if (one == which) return true;
+    rest.remove_prefix(std::min(rest.size(), one.size() + 1));
+  }
+  return false;
+}
 
 std::span<const OptionRow> OptionTable() { return kOptions; }
 std::span<const CommandRow> CommandTable() { return kCommands; }

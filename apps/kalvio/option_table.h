@@ -5,12 +5,12 @@
 #include <span>
 #include <string_view>
 
-/// One option, flag or positional word of a command.
+/// One option, flag or positional word of one command or several.
 struct OptionRow {
-  const char* command;  ///< "*": of every command; "": of the program alone
-  const char* name;     ///< "--job", or "INPUT" for a positional word
-  const char* value;    ///< what the value is called, with "|" between its choices; null: a flag
-  const char* help;     ///< to be translated; null: not shown
+  const char* commands;  ///< with blanks between; "*": every command; "": the program alone
+  const char* name;      ///< "--job", or "INPUT" for a positional word
+  const char* value;     ///< what the value is called, with "|" between its choices; null: a flag
+  const char* help;      ///< to be translated; null: not shown
   const char*
       fallback;  ///< to be translated: what holds without the option; null: nothing worth telling
   bool repeats = false;
@@ -18,9 +18,9 @@ struct OptionRow {
   bool IsFlag() const { return value == nullptr; }
   bool IsPositional() const { return name[0] != '-'; }
   bool IsShown() const { return help != nullptr; }
-  bool BelongsTo(std::string_view which) const {
-    return command == which || (command == std::string_view("*"));
-  }
+  bool IsOfAll() const { return commands == std::string_view("*"); }
+  /// `which`: a command, or "" for the program.
+  bool BelongsTo(std::string_view which) const;
 };
 
 struct CommandRow {

@@ -40,7 +40,8 @@ std::string OptionParagraph(const OptionRow& row) {
 std::string OptionParagraphs(std::string_view command) {
   std::string text;
   for (const OptionRow& row : OptionTable()) {
-    if (row.command == command && row.IsShown()) text += OptionParagraph(row);
+    const bool isAsked = row.IsOfAll() ? command == "*" : row.BelongsTo(command);
+    if (isAsked && row.IsShown()) text += OptionParagraph(row);
   }
   return text;
 }

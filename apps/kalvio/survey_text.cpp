@@ -188,6 +188,9 @@ void TellGps(const CLibGps& library, const std::vector<GroupPositions>& groups, 
 
 std::string SurveyText(HostDocument& document, const ComputationReport& report, bool all) {
   Report text(all);
+  if (report.survey.jobs.empty() && report.gps.empty()) {
+    text.Line(Text(Xlate("There is nothing to work out: no total-station job and no GPS group.")));
+  }
   for (const JobResult& job : report.survey.jobs) TellJob(*document.GetLibCmp(), job, text);
   TellGps(*document.GetLibGps(), report.gps, text);
   std::vector<std::string> findings = Stranded(report.survey);
