@@ -49,8 +49,7 @@ void WriteReport(const std::string& path, const std::string& text) {
 
 int RunCompute(const Arguments& arguments) {
   const Sources sources = CheckedSources(arguments);
-  TextOptions layout = ReadTextOptions(arguments);
-  if (!layout.kind) layout.kind = PointKind::kKnown;
+  const TextOptions layout = ReadTextOptions(arguments);
   ProgressLine progress(console::IsErrorATerminal());
   progress.Begin(sources.job.value_or(sources.files.empty() ? "" : sources.files.front()));
   JobSession session(sources.job,

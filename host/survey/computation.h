@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "host/survey/resection.h"
+#include "host/survey/known_places.h"
 #include "model/polar.h"
 
 namespace survey {
@@ -55,11 +55,10 @@ struct TargetResidual {
   bool StandsOut() const { return directionStandsOut || alongStandsOut || heightStandsOut; }
 };
 
-struct SetUpResult {
-  int station = 0;  ///< index in its job
-  std::string name;
+/// Where a set-up stands and how it is oriented.
+struct SetUpFix {
   SetUpMethod method = SetUpMethod::kNone;
-  SetUpTrouble trouble = SetUpTrouble::kNone;
+  SetUpTrouble trouble = SetUpTrouble::kNotTied;
   Place mark;
   /// Azimuth of the zero direction, gon; undefined when there is none.
   double orientation = UndefinedValue;
@@ -67,6 +66,11 @@ struct SetUpResult {
   double orientationSpread = 0;
   /// Standard deviation of a resected mark, metres; 0 when nothing is left over.
   double markSigma = 0;
+};
+
+struct SetUpResult : SetUpFix {
+  int station = 0;  ///< index in its job
+  std::string name;
   std::vector<TargetResidual> residuals;
   int placed = 0;   ///< points that got coordinates
   int kept = 0;     ///< points that had them
@@ -99,13 +103,6 @@ struct JobResult {
   std::vector<SetUpResult> setUps;
   std::vector<RepeatedPoint> repeated;
   std::vector<MissingPoint> missing;
-};
-
-/// Known points that contradict each other under one name.
-struct KnownClash {
-  std::string name;
-  Place used;
-  Place other;
 };
 
 struct SurveyResult {

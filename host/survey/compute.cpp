@@ -14,16 +14,10 @@ namespace {
 constexpr const char* kSection = "Calcolo";
 
 SetUpResult ResultOf(const Network& net, const Solution& solution, int setUp) {
-  const Solution::State& state = solution.StateOf(setUp);
   SetUpResult result;
+  static_cast<SetUpFix&>(result) = solution.StateOf(setUp);
   result.station = setUp;
   result.name = net.SetUps()[static_cast<std::size_t>(setUp)].station->NameUtf8();
-  result.method = state.method;
-  result.trouble = state.trouble;
-  result.mark = state.mark;
-  result.orientation = state.orientation;
-  result.orientationSpread = state.orientationSpread;
-  result.markSigma = state.markSigma;
   result.residuals = ResidualsOf(net, solution, setUp);
   return result;
 }
@@ -63,9 +57,7 @@ SurveyResult ComputeCoordinates(CLibCmp& library, const CLibPnt& known,
   if (library.GetJobArSize() == 0) return result;
   const ChangeEventScope scope(library.GetCmpContext());
   const KnownPlaces places(known, library);
-  for (const KnownConflict& it : places.Conflicts()) {
-    result.clashes.push_back({std::string(it.name), it.used, it.other});
-  }
+  result.clashes = places.Clashes();
   for (int job = 0; job < library.GetJobArSize(); ++job) {
     result.jobs.push_back(ComputeJob(library, job, places, settings));
   }

@@ -2,7 +2,7 @@
 
 #include <cmath>
 
-#include "host/survey/target_sight.h"
+#include "host/survey/place.h"
 
 namespace survey {
 
@@ -40,14 +40,14 @@ const Place* KnownPlaces::Find(std::string_view name) const {
 
 void KnownPlaces::Add(const CEgn& point) {
   const std::string_view name = point.NameUtf8();
-  const Place place{point.GetCoordX(), point.GetCoordY(), point.GetCoordZ()};
-  if (name.empty() || !IsDefined(place.x) || !IsDefined(place.y)) return;
+  if (name.empty() || !HasPlan(point)) return;
+  const Place place = PlaceOf(point);
   const auto [at, isNew] = places_.try_emplace(name, place);
   if (isNew) {
     names_.Add(KeyOf(name));
     return;
   }
-  if (Differ(at->second, place)) conflicts_.push_back({name, at->second, place});
+  if (Differ(at->second, place)) clashes_.push_back({std::string(name), at->second, place});
   if (!IsDefined(at->second.z)) at->second.z = place.z;
 }
 

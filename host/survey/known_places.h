@@ -1,6 +1,7 @@
 // The known and control points of a job by their names.
 #pragma once
 
+#include <string>
 #include <string_view>
 #include <unordered_map>
 #include <vector>
@@ -12,8 +13,8 @@
 namespace survey {
 
 /// Two places more than a millimetre apart under one name; the first one holds.
-struct KnownConflict {
-  std::string_view name;
+struct KnownClash {
+  std::string name;
   Place used;
   Place other;
 };
@@ -28,14 +29,14 @@ class KnownPlaces {
   const Place* Find(std::string_view name) const;
   /// False for nearly all names that are not known, without a search; `key` is from KeyOf.
   bool MayKnow(std::uint64_t key) const { return !places_.empty() && names_.Has(key); }
-  const std::vector<KnownConflict>& Conflicts() const { return conflicts_; }
+  const std::vector<KnownClash>& Clashes() const { return clashes_; }
 
  private:
   void Add(const CEgn& point);
 
   std::unordered_map<std::string_view, Place> places_;
   KeyFilter names_;
-  std::vector<KnownConflict> conflicts_;
+  std::vector<KnownClash> clashes_;
 };
 
 }  // namespace survey

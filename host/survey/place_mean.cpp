@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <cmath>
 
-#include "host/survey/target_sight.h"
+#include "host/survey/place.h"
 
 namespace survey {
 

@@ -3,13 +3,13 @@
 #include <algorithm>
 
 #include "host/survey/expect.h"
+#include "host/survey/place.h"
 #include "host/survey/place_mean.h"
+#include "host/survey/tolerances.h"
 
 namespace survey {
 
 namespace {
-
-bool HasPlan(const CEgn& point) { return point.IsValidX() && point.IsValidY(); }
 
 void Clear(CEgn& point) { point.SetCoord(UndefinedValue, UndefinedValue, UndefinedValue); }
 
@@ -93,7 +93,7 @@ class Averaging {
       CPun* const point = net_.AllSights()[static_cast<std::size_t>(index)].point;
       if (!isPlacedNow_[static_cast<std::size_t>(index)] || !HasPlan(*point)) continue;
       points.push_back(point);
-      places.push_back({point->GetCoordX(), point->GetCoordY(), point->GetCoordZ()});
+      places.push_back(PlaceOf(*point));
     }
     if (points.size() < 2) return;
     const PlaceMean mean = MeanOf(places);

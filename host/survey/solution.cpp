@@ -4,18 +4,12 @@
 
 #include "host/survey/orientation.h"
 #include "host/survey/place_mean.h"
+#include "host/survey/resection.h"
 #include "host/survey/sight_mean.h"
 
 namespace survey {
 
 namespace {
-
-bool HasPlan(const CEgn& point) {
-  return IsDefined(point.GetCoordX()) && IsDefined(point.GetCoordY());
-}
-Place PlaceOf(const CEgn& point) {
-  return {point.GetCoordX(), point.GetCoordY(), point.GetCoordZ()};
-}
 
 void Push(int setUp, std::vector<int>& list, std::vector<char>& isIn) {
   char& mark = isIn[static_cast<std::size_t>(setUp)];

@@ -20,13 +20,7 @@ class Solution {
 
   void Run();
 
-  struct State {
-    SetUpMethod method = SetUpMethod::kNone;
-    SetUpTrouble trouble = SetUpTrouble::kNotTied;
-    Place mark;
-    double orientation = UndefinedValue;
-    double orientationSpread = 0;
-    double markSigma = 0;
+  struct State : SetUpFix {
     std::vector<int> used;  ///< targets that the orientation or the resection rests on
 
     bool IsPlaced() const { return IsDefined(mark.x); }

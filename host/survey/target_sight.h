@@ -4,8 +4,8 @@
 #include <cmath>
 #include <numbers>
 
+#include "host/survey/place.h"
 #include "host/survey/tolerances.h"
-#include "model/polar.h"
 
 namespace survey {
 
@@ -33,9 +33,5 @@ struct TargetSight {
     return std::hypot(SigmaAcross(reach), kHeightSigma);
   }
 };
-
-inline double PlaneDistance(const Place& one, const Place& other) {
-  return std::hypot(one.x - other.x, one.y - other.y);
-}
 
 }  // namespace survey
