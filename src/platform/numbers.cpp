@@ -6,6 +6,7 @@
 #include <cmath>
 #include <cstring>
 #include <limits>
+#include <type_traits>
 
 namespace platform {
 namespace {
@@ -26,10 +27,10 @@ constexpr std::array<char, 200> kDigitPairs = [] {
 }();
 
 constexpr bool IsDigit(char c) { return c >= '0' && c <= '9'; }
-constexpr bool IsBlank(char c) { return c == ' ' || c == '\t'; }
+constexpr bool IsBlankInLine(char c) { return c == ' ' || c == '\t'; }
 
 void SkipBlanks(std::string_view& text) {
-  while (!text.empty() && IsBlank(text.front())) text.remove_prefix(1);
+  while (!text.empty() && IsBlankInLine(text.front())) text.remove_prefix(1);
 }
 
 // `units` counts 10^-decimals; writes it with its decimal point.
@@ -216,5 +217,37 @@ std::optional<std::int64_t> ParseWhole(std::string_view text) {
   if (error != std::errc() || end != last) return std::nullopt;
   return value;
 }
+
+namespace {
+
+constexpr bool EndsNumber(char c) { return c == ' ' || c == '\n' || c == '\t' || c == '\r'; }
+
+template <class Number>
+std::optional<Number> TakeNumber(std::string_view& text) {
+  const char* at = text.data();
+  const char* const last = at + text.size();
+  while (at != last && EndsNumber(*at)) ++at;
+  // The library takes no plus sign, but does take words for numbers.
+  if (last - at > 1 && *at == '+' && at[1] != '-') ++at;
+  if (at == last || !(IsDigit(*at) || *at == '-' || *at == '.')) return std::nullopt;
+  Number number{};
+  const auto [end, error] = std::from_chars(at, last, number);
+  if (error != std::errc() || (end != last && !EndsNumber(*end))) return std::nullopt;
+  if constexpr (std::is_floating_point_v<Number>) {
+    if (!std::isfinite(number)) return std::nullopt;  // "-inf"
+  }
+  text.remove_prefix(static_cast<std::size_t>(end - text.data()));
+  return number;
+}
+
+}  // namespace
+
+std::optional<double> TakeDecimal(std::string_view& text) { return TakeNumber<double>(text); }
+
+std::optional<std::int64_t> TakeWhole(std::string_view& text) {
+  return TakeNumber<std::int64_t>(text);
+}
+
+bool IsBlank(std::string_view text) { return std::all_of(text.begin(), text.end(), EndsNumber); }
 
 }  // namespace platform

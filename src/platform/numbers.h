@@ -29,4 +29,13 @@ std::optional<std::int64_t> ParseWholePrefix(std::string_view text);
 /// The whole text as a whole number, nothing else around it.
 std::optional<std::int64_t> ParseWhole(std::string_view text);
 
+/// Takes the next number off the front of a list whose numbers stand between blanks and line ends.
+/// Nothing, with the text untouched, at its end, and when something else comes next: "inf", "nan",
+/// a number with more behind it, one that is too large for a double. "." is the decimal separator.
+std::optional<double> TakeDecimal(std::string_view& text);
+std::optional<std::int64_t> TakeWhole(std::string_view& text);
+
+/// Whether nothing but blanks and line ends is left.
+bool IsBlank(std::string_view text);
+
 }  // namespace platform

@@ -4,9 +4,10 @@
 #include <cstddef>
 #include <cstdint>
 #include <optional>
-#include <string>
 #include <string_view>
 #include <vector>
+
+#include "platform/input_file.h"
 
 namespace platform {
 
@@ -15,11 +16,6 @@ namespace platform {
 /// length of its lines.
 class TextReader {
  public:
-  TextReader() = default;
-  ~TextReader();
-  TextReader(const TextReader&) = delete;
-  TextReader& operator=(const TextReader&) = delete;
-
   /// Opens `path` (backslashes allowed). False, and trouble reported, when that fails or a folder
   /// is there.
   bool Open(std::string_view path);
@@ -31,18 +27,16 @@ class TextReader {
 
   /// Bytes handed out so far, and the size of the file (0 when it has none, as a pipe).
   std::uint64_t Position() const { return position_; }
-  std::uint64_t Size() const { return size_; }
+  std::uint64_t Size() const { return file_.Size(); }
 
  private:
   bool Fill(std::size_t wanted);
 
-  std::string path_;
-  int file_ = -1;
+  InputFile file_;
   std::vector<char> block_;
   std::size_t begin_ = 0;
   std::size_t end_ = 0;
   std::uint64_t position_ = 0;
-  std::uint64_t size_ = 0;
   bool atEnd_ = false;
 };
 
