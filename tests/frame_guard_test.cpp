@@ -20,6 +20,8 @@ class EmptyHandedDocument : public ExchangeContext {
   CCts* GetCts() override { return nullptr; }
   CLibProfile* GetLibProfile() override { return nullptr; }
   gis::CLibGis* GetLibGis() override { return nullptr; }
+  CLibDtm* GetLibDtm() override { return nullptr; }
+  CLibRoad* GetLibRoad() override { return nullptr; }
 };
 
 class FrameGuard : public FrameTest {

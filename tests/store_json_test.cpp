@@ -30,6 +30,8 @@ TEST_F(StoreJson, WritesAnEmptyJob) {
   "knownGroups": [],
   "controlPoints": [],
   "current": {},
+  "terrain": [],
+  "roads": [],
   "targets": {
     "cmp": 0,
     "gps": 0,
@@ -221,6 +223,8 @@ TEST_F(StoreJson, WhatIsLeftOutHasItsDefault) {
     {"name": "", "desc2": "", "desc3": "", "x": null, "y": null, "z": null}
   ],
   "current": {},
+  "terrain": [],
+  "roads": [],
   "targets": {
     "cmp": 0,
     "gps": 0,
@@ -347,9 +351,9 @@ TEST_F(StoreJson, SettingsAreNumbersFlagsOrTexts) {
 }
 
 TEST_F(StoreJson, EmptySectionsOfLibrariesThatAreNotThereAreAccepted) {
-  Read(R"({"terrain":[],"roads":[],"gis":{},"cadastral":null,"drawing":{}})", document);
+  Read(R"({"gis":{},"cadastral":null,"drawing":{}})", document);
   Read(
-      R"({"terrain":null,"roads":{},"gis":null,"cadastral":[],"drawing":[],"current":null,"targets":null,
+      R"({"gis":null,"cadastral":[],"drawing":[],"current":null,"targets":null,
            "settings":null})",
       document);
   EXPECT_EQ(surveys.GetJobArSize(), 0);

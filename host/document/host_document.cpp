@@ -11,3 +11,5 @@ CLibPnt* HostDocument::GetLibPnt() { return &knownPoints_; }
 CCts* HostDocument::GetCts() { return &cadastre_; }
 CLibProfile* HostDocument::GetLibProfile() { return &profiles_; }
 gis::CLibGis* HostDocument::GetLibGis() { return &gis_; }
+CLibDtm* HostDocument::GetLibDtm() { return &terrain_; }
+CLibRoad* HostDocument::GetLibRoad() { return &roads_; }

@@ -17,6 +17,8 @@ class HostDocument : public ExchangeContext {
   CCts* GetCts() override;
   CLibProfile* GetLibProfile() override;
   gis::CLibGis* GetLibGis() override;
+  CLibDtm* GetLibDtm() override;
+  CLibRoad* GetLibRoad() override;
 
   JobSettings& Settings() { return settings_; }
 
@@ -27,5 +29,7 @@ class HostDocument : public ExchangeContext {
   CCts cadastre_;
   CLibProfile profiles_;
   gis::CLibGis gis_;
+  CLibDtm terrain_;
+  CLibRoad roads_;
   JobSettings settings_;
 };

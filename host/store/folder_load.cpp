@@ -2,16 +2,21 @@
 #include <filesystem>
 
 #include "host/store/database.h"
+#include "host/store/folder_design.h"
 #include "host/store/folder_job.h"
-#include "host/store/folder_schema.h"
+#include "host/store/folder_rows.h"
 #include "host/store/progress.h"
 
 namespace {
 
-std::uint64_t CountPointsIn(const Database& database) {
+std::uint64_t CountRecordsIn(const Database& database) {
   std::int64_t count = 0;
-  for (const char* table :
-       {kPointTable.name, kGpsPointTable.name, kKnownPointTable.name, kControlTable.name}) {
+  std::vector<const char*> tables = {kPointTable.name, kGpsPointTable.name, kKnownPointTable.name,
+                                     kControlTable.name};
+  if (HoldsDesign(database)) {
+    tables.insert(tables.end(), {kVertexTable.name, kTriangleTable.name});
+  }
+  for (const char* table : tables) {
     // Rows are numbered from 1, and the last number is found without counting.
     count += database.WholeOf(std::string("SELECT coalesce(max(rowid), 0) FROM ") + table);
   }
@@ -24,59 +29,49 @@ class FolderReader {
   FolderReader(const Database& database, HostDocument& document, const JobProgress& progress)
       : database_(database),
         document_(document),
-        progress_(progress, progress ? CountPointsIn(database) : 0) {}
+        progress_(progress, progress ? CountRecordsIn(database) : 0) {}
 
   void Read() {
     ReadTotalStation();
     ReadGps();
     ReadKnownPoints();
-    ForEachRow(kTargetsTable, [&](const auto& row, int, int) { Store(row, document_); });
-    ForEachRow(kCurrentTable, [&](const auto& row, int, int) { Select(row); });
+    if (HoldsDesign(database_)) ReadDesign(database_, document_, progress_);
+    ForEachRow(database_, kTargetsTable,
+               [&](const auto& row, const RowParents&) { Store(row, document_); });
+    ForEachRow(database_, kCurrentTable, [&](const auto& row, const RowParents&) { Select(row); });
   }
 
  private:
   void ReadTotalStation() {
     CLibCmp& library = *document_.GetLibCmp();
-    ForEachRow(kJobTable, [&](const auto& row, int, int) { Put(row, library.AddJob(false)); });
-    ForEachRow(kStationTable,
-               [&](const auto& row, int job, int) { Put(row, library.AddSta(job, false)); });
-    ForEachRow(kPointTable, [&](const auto& row, int job, int sta) {
-      PutPoint(row, library.AddPun(job, sta, false));
+    ForEachRow(database_, kJobTable,
+               [&](const auto& row, const RowParents&) { Put(row, library.AddJob(false)); });
+    ForEachRow(database_, kStationTable, [&](const auto& row, const RowParents& parents) {
+      Put(row, library.AddSta(parents[0], false));
     });
-    ForEachRow(kControlTable,
-               [&](const auto& row, int, int) { PutPoint(row, library.AddOri(false)); });
+    ForEachRow(database_, kPointTable, [&](const auto& row, const RowParents& parents) {
+      PutPoint(row, library.AddPun(parents[0], parents[1], false));
+    });
+    ForEachRow(database_, kControlTable,
+               [&](const auto& row, const RowParents&) { PutPoint(row, library.AddOri(false)); });
   }
 
   void ReadGps() {
     CLibGps& library = *document_.GetLibGps();
-    ForEachRow(kGpsGroupTable, [&](const auto& row, int, int) { Put(row, library.AddGrp(false)); });
-    ForEachRow(kGpsPointTable, [&](const auto& row, int group, int) {
-      PutPoint(row, library.AddPun(group, false));
+    ForEachRow(database_, kGpsGroupTable,
+               [&](const auto& row, const RowParents&) { Put(row, library.AddGrp(false)); });
+    ForEachRow(database_, kGpsPointTable, [&](const auto& row, const RowParents& parents) {
+      PutPoint(row, library.AddPun(parents[0], false));
     });
   }
 
   void ReadKnownPoints() {
     CLibPnt& library = *document_.GetLibPnt();
-    ForEachRow(kKnownGroupTable,
-               [&](const auto& row, int, int) { Put(row, library.AddGrp(false)); });
-    ForEachRow(kKnownPointTable, [&](const auto& row, int group, int) {
-      PutPoint(row, library.AddPtn(group, false));
+    ForEachRow(database_, kKnownGroupTable,
+               [&](const auto& row, const RowParents&) { Put(row, library.AddGrp(false)); });
+    ForEachRow(database_, kKnownPointTable, [&](const auto& row, const RowParents& parents) {
+      PutPoint(row, library.AddPtn(parents[0], false));
     });
-  }
-
-  // Calls `take` with each row's record and the positions of its parents (0 where it has none).
-  template <class Record, class Take>
-  void ForEachRow(const StoredTable<Record>& table, Take take) {
-    Statement statement(database_, table.Select());
-    Record record;
-    int first = 0;
-    int second = 0;
-    while (statement.Step()) {
-      if (table.parents != Parents::kNone) statement.Read(first);
-      if (table.parents == Parents::kStation) statement.Read(second);
-      statement.ReadFields(record);
-      take(record, first, second);
-    }
   }
 
   template <class Record, class Object>

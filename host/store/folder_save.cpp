@@ -3,31 +3,13 @@
 
 #include "host/store/database.h"
 #include "host/store/file_trouble_catcher.h"
+#include "host/store/folder_design.h"
 #include "host/store/folder_job.h"
-#include "host/store/folder_schema.h"
+#include "host/store/folder_rows.h"
 #include "host/store/progress.h"
 #include "platform/numbers.h"
 
 namespace {
-
-// Inserts rows into one table.
-template <class Record>
-class Inserter {
- public:
-  Inserter(const Database& database, const StoredTable<Record>& table)
-      : statement_(database, table.Insert()) {}
-
-  /// `parents`: the positions of the objects that the row belongs to.
-  template <class... Parents>
-  void Add(const Record& record, Parents... parents) {
-    (statement_.Bind(parents), ...);
-    statement_.BindFields(record);
-    statement_.Finish();
-  }
-
- private:
-  Statement statement_;
-};
 
 std::string Pragma(const char* name, std::int64_t value) {
   std::string text = std::string("PRAGMA ") + name + " = ";
@@ -41,7 +23,7 @@ class FolderWriter {
   FolderWriter(const Database& database, HostDocument& document, const JobProgress& progress)
       : database_(database),
         document_(document),
-        progress_(progress, progress ? CountPoints(document) : 0) {}
+        progress_(progress, progress ? CountRecords(document) : 0) {}
 
   void Write() {
     ForEachTable([&](const auto& table) {
@@ -51,6 +33,7 @@ class FolderWriter {
     WriteTotalStation();
     WriteGps();
     WriteKnownPoints();
+    WriteDesign(database_, document_, progress_);
     Inserter(database_, kTargetsTable).Add(TargetsOf(document_));
     Inserter(database_, kCurrentTable).Add(CurrentOf(document_));
   }

@@ -11,3 +11,7 @@ bool HoldsJob(const Database& database) {
   if (version > kSchemaVersion) database.Fail("a newer version of the program wrote this job");
   return true;
 }
+
+bool HoldsDesign(const Database& database) {
+  return database.WholeOf("PRAGMA user_version") >= kVersionWithDesign;
+}

@@ -9,17 +9,32 @@
 #include "host/store/database.h"
 #include "host/store/fields.h"
 #include "host/store/records.h"
+#include "host/store/road_records.h"
 
 /// Marks the file as ours ("KLVJ"), and the layout of its tables.
 inline constexpr std::int64_t kApplicationId = 0x4B4C564A;
-inline constexpr std::int64_t kSchemaVersion = 1;
+inline constexpr std::int64_t kSchemaVersion = 2;
+/// The first layout with terrain and roads.
+inline constexpr std::int64_t kVersionWithDesign = 2;
 
 /// Whether there is a job in the database; false for one that is new. Fails when it is something
 /// else, or a job that a newer version wrote.
 bool HoldsJob(const Database& database);
+/// Whether the job was written with tables of terrain and roads.
+bool HoldsDesign(const Database& database);
 
-/// Which object a row belongs to: the columns with its position, and its parent's.
-enum class Parents { kNone, kJob, kStation, kGroup };
+/// Which object a row belongs to: the columns with its position, after those of its own parents.
+using Parents = std::span<const std::string_view>;
+inline constexpr std::size_t kMostParents = 3;
+inline constexpr std::array<std::string_view, 2> kOfStation = {"parent_job", "parent_station"};
+inline constexpr Parents kOfJob = std::span(kOfStation).first(1);
+inline constexpr std::array<std::string_view, 1> kOfGroup = {"parent_group"};
+inline constexpr std::array<std::string_view, 2> kOfContour = {"parent_model", "parent_contour"};
+inline constexpr Parents kOfModel = std::span(kOfContour).first(1);
+inline constexpr std::array<std::string_view, kMostParents> kOfLine = {
+    "parent_road", "parent_section", "parent_line"};
+inline constexpr Parents kOfRoad = std::span(kOfLine).first(1);
+inline constexpr Parents kOfSection = std::span(kOfLine).first(2);
 
 /// Writes lists of columns, each with `suffix` behind its name.
 class ColumnList {
@@ -57,7 +72,7 @@ struct PartOf<std::array<Part, size>> {
 template <class Record>
 struct StoredTable {
   const char* name;
-  Parents parents = Parents::kNone;
+  Parents parents = {};
 
   std::string Drop() const { return std::string("DROP TABLE IF EXISTS ") + name; }
   std::string Create() const {
@@ -77,12 +92,9 @@ struct StoredTable {
  private:
   ColumnList Columns(bool declared = false) const {
     ColumnList columns;
-    const auto ofParent = [&](const char* column) {
+    for (const std::string_view column : parents) {
       columns.Add(column, declared ? Declaration<int>() : "");
-    };
-    if (parents == Parents::kJob || parents == Parents::kStation) ofParent("parent_job");
-    if (parents == Parents::kStation) ofParent("parent_station");
-    if (parents == Parents::kGroup) ofParent("parent_group");
+    }
     ForEachField<Record>([&](const auto& field) {
       using Value = std::remove_cvref_t<decltype(std::declval<Record&>().*field.member)>;
       const std::string_view suffix = declared ? Declaration<typename PartOf<Value>::Type>() : "";
@@ -96,15 +108,83 @@ struct StoredTable {
 };
 
 inline constexpr StoredTable<JobRecord> kJobTable{"jobs"};
-inline constexpr StoredTable<StationRecord> kStationTable{"stations", Parents::kJob};
-inline constexpr StoredTable<ObservationRecord> kPointTable{"points", Parents::kStation};
+inline constexpr StoredTable<StationRecord> kStationTable{"stations", kOfJob};
+inline constexpr StoredTable<ObservationRecord> kPointTable{"points", kOfStation};
 inline constexpr StoredTable<GpsGroupRecord> kGpsGroupTable{"gps_groups"};
-inline constexpr StoredTable<GpsPointRecord> kGpsPointTable{"gps_points", Parents::kGroup};
+inline constexpr StoredTable<GpsPointRecord> kGpsPointTable{"gps_points", kOfGroup};
 inline constexpr StoredTable<KnownGroupRecord> kKnownGroupTable{"known_groups"};
-inline constexpr StoredTable<PointRecord> kKnownPointTable{"known_points", Parents::kGroup};
+inline constexpr StoredTable<PointRecord> kKnownPointTable{"known_points", kOfGroup};
 inline constexpr StoredTable<PointRecord> kControlTable{"control_points"};
 inline constexpr StoredTable<TargetsRecord> kTargetsTable{"targets"};
 inline constexpr StoredTable<CurrentRecord> kCurrentTable{"current"};
+
+/// A contour of a terrain model; its points follow in a table of their own.
+struct ContourRecord {
+  bool island = false;
+
+  static constexpr auto Fields() { return std::tuple{Field{"island", &ContourRecord::island}}; }
+};
+
+struct SpacePointRecord {
+  std::array<double, 3> place{};
+
+  static constexpr auto Fields() {
+    return std::tuple{Field{"place", &SpacePointRecord::place, kAxes}};
+  }
+};
+
+struct BreaklineRecord {
+  std::array<double, 3> start{};
+  std::array<double, 3> end{};
+
+  static constexpr auto Fields() {
+    return std::tuple{Field{"start", &BreaklineRecord::start, kAxes},
+                      Field{"end", &BreaklineRecord::end, kAxes}};
+  }
+};
+
+inline constexpr std::array<std::string_view, 3> kCorners = {"a", "b", "c"};
+
+struct TriangleRecord {
+  std::array<int, 3> vertices{};
+
+  static constexpr auto Fields() {
+    return std::tuple{Field{"vertex", &TriangleRecord::vertices, kCorners}};
+  }
+};
+
+/// The main height line of a road is a line of no section.
+inline constexpr int kNoSection = -1;
+
+/// A vertex with its vertical curve, if it has one.
+struct StoredVertexRecord : VertexRecord {
+  bool hasCurve = false;
+  double curveStart = UndefinedValue;
+  double curveEnd = UndefinedValue;
+
+  static constexpr auto Fields() {
+    using R = StoredVertexRecord;
+    return std::tuple_cat(
+        VertexRecord::Fields(),
+        std::tuple{Field{"has_curve", &R::hasCurve}, Field{"curve_start", &R::curveStart},
+                   Field{"curve_end", &R::curveEnd}});
+  }
+};
+
+inline constexpr StoredTable<TerrainRecord> kTerrainTable{"terrain_models"};
+inline constexpr StoredTable<ContourRecord> kContourTable{"terrain_contours", kOfModel};
+inline constexpr StoredTable<SpacePointRecord> kContourPointTable{"terrain_contour_points",
+                                                                  kOfContour};
+inline constexpr StoredTable<BreaklineRecord> kBreaklineTable{"terrain_breaklines", kOfModel};
+inline constexpr StoredTable<SpacePointRecord> kVertexTable{"terrain_vertices", kOfModel};
+inline constexpr StoredTable<TriangleRecord> kTriangleTable{"terrain_triangles", kOfModel};
+inline constexpr StoredTable<RoadRecord> kRoadTable{"roads"};
+inline constexpr StoredTable<ElementRecord> kElementTable{"road_elements", kOfRoad};
+inline constexpr StoredTable<CodeRecord> kCodeTable{"road_codes", kOfRoad};
+inline constexpr StoredTable<SectionRecord> kSectionTable{"road_sections", kOfRoad};
+inline constexpr StoredTable<VertexRecord> kSectionTerrainTable{"road_terrain", kOfSection};
+inline constexpr StoredTable<LineRecord> kLineTable{"road_lines", kOfSection};
+inline constexpr StoredTable<StoredVertexRecord> kLineVertexTable{"road_vertices", kOfLine};
 
 /// Calls `visit` with each table.
 template <class Visit>
@@ -119,4 +199,17 @@ void ForEachTable(Visit visit) {
   visit(kControlTable);
   visit(kTargetsTable);
   visit(kCurrentTable);
+  visit(kTerrainTable);
+  visit(kContourTable);
+  visit(kContourPointTable);
+  visit(kBreaklineTable);
+  visit(kVertexTable);
+  visit(kTriangleTable);
+  visit(kRoadTable);
+  visit(kElementTable);
+  visit(kCodeTable);
+  visit(kSectionTable);
+  visit(kSectionTerrainTable);
+  visit(kLineTable);
+  visit(kLineVertexTable);
 }

@@ -20,6 +20,45 @@ struct JsonJobReader::Levels {
   static constexpr Level kSection[] = {
       {"", Form::kObject, &R::SelectSetting, &R::BeginSection, nullptr}};
 
+  static constexpr Level kContourVertex[] = {
+      {"", Form::kRow, nullptr, nullptr, &R::EndContourVertex, {}, 3}};
+  static constexpr Level kBreaklinePoint[] = {
+      {"", Form::kRow, nullptr, nullptr, &R::EndBreaklinePoint, {}, 3}};
+  static constexpr Level kTerrainVertex[] = {
+      {"", Form::kRow, nullptr, nullptr, &R::EndTerrainVertex, {}, 3}};
+  static constexpr Level kTriangle[] = {{"", Form::kRow, nullptr, nullptr, &R::EndTriangle, {}, 3}};
+  static constexpr Level kSectionVertex[] = {
+      {"", Form::kRow, nullptr, nullptr, &R::EndSectionVertex, {}, 2}};
+  static constexpr Form kLists = Form::kListOfLists;
+  static constexpr Level kOuter[] = {
+      {"", kLists, nullptr, &R::BeginOuter, nullptr, kContourVertex}};
+  static constexpr Level kIsland[] = {
+      {"", kLists, nullptr, &R::BeginIsland, nullptr, kContourVertex}};
+  static constexpr Level kBreakline[] = {
+      {"", kLists, nullptr, nullptr, &R::EndBreakline, kBreaklinePoint}};
+  static constexpr Level kModel[] = {
+      {"outer", kLists, nullptr, nullptr, nullptr, kOuter},
+      {"islands", kLists, nullptr, nullptr, nullptr, kIsland},
+      {"breaklines", kLists, nullptr, nullptr, nullptr, kBreakline},
+      {"vertices", kLists, nullptr, nullptr, nullptr, kTerrainVertex},
+      {"triangles", kLists, nullptr, nullptr, nullptr, kTriangle}};
+
+  static constexpr Level kCurve[] = {
+      {"curve", Form::kObject, &R::SelectCurve, &R::BeginCurve, nullptr}};
+  static constexpr Level kVertices[] = {
+      {"vertices", kList, &R::Select<&R::vertex_>, &R::BeginVertex, &R::EndVertex, kCurve}};
+  static constexpr Level kRoadSection[] = {
+      {"terrain", kLists, nullptr, nullptr, nullptr, kSectionVertex},
+      {"lines", kList, &R::Select<&R::line_>, &R::BeginLine, &R::EndLine, kVertices}};
+  static constexpr Level kProfile[] = {
+      {"main", Form::kObject, nullptr, &R::BeginMainLine, nullptr, kVertices},
+      {"codes", kList, &R::Select<&R::code_>, &R::BeginCode, &R::EndCode},
+      {"sections", kList, &R::Select<&R::section_>, &R::BeginRoadSection, &R::EndRoadSection,
+       kRoadSection}};
+  static constexpr Level kRoad[] = {
+      {"elements", kList, &R::Select<&R::element_>, &R::BeginElement, &R::EndElement},
+      {"profile", Form::kObject, nullptr, nullptr, nullptr, kProfile}};
+
   static constexpr Level kMembers[] = {
       {"jobs", kList, &R::Select<&R::job_>, &R::BeginJob, &R::EndJob, kStation},
       {"gpsGroups", kList, &R::Select<&R::gpsGroup_>, &R::BeginGpsGroup, &R::EndGpsGroup,
@@ -30,8 +69,8 @@ struct JsonJobReader::Levels {
       {"current", Form::kObject, &R::SelectCurrent},
       {"targets", Form::kObject, &R::Select<&R::targets_>, nullptr, &R::EndTargets},
       {"settings", Form::kObject, nullptr, nullptr, nullptr, kSection},
-      {"terrain", Form::kNotHeld},
-      {"roads", Form::kNotHeld},
+      {"terrain", kList, &R::Select<&R::terrain_>, &R::BeginModel, &R::EndModel, kModel},
+      {"roads", kList, &R::Select<&R::road_>, &R::BeginRoad, &R::EndRoad, kRoad},
       {"gis", Form::kNotHeld},
       {"cadastral", Form::kNotHeld},
       {"drawing", Form::kNotHeld}};
@@ -43,6 +82,11 @@ struct JsonJobReader::Levels {
 };
 
 namespace {
+
+template <class Number>
+inline constexpr Number kUndefined = std::is_same_v<Number, float>
+                                         ? static_cast<Number>(UndefinedFloat)
+                                         : static_cast<Number>(UndefinedValue);
 
 template <class Field>
 inline constexpr bool kHasParts = kIsList<std::remove_pointer_t<Field>>;
@@ -85,6 +129,10 @@ bool JsonJobReader::TakeValue(const JsonValue& value) {
       expected = PutMember(value);
     } else if (levels_.back() == &Levels::kParts) {
       expected = PutPart(value);
+    } else if (levels_.back()->form == Form::kRow) {
+      expected = PutNumber(value);
+    } else if (levels_.back()->form == Form::kListOfLists) {
+      expected = "a list";
     }
   }
   if (!expected.empty()) Fail("expected " + expected + ", found " + InWords(value));
@@ -99,7 +147,8 @@ bool JsonJobReader::Open(bool isList) {
   place_.Enter(isList);
   levels_.push_back(level);
   part_ = 0;
-  if (!isList && level->begin != nullptr) (this->*level->begin)();
+  const bool isOfLists = level->form == Form::kListOfLists || level->form == Form::kRow;
+  if (isList == isOfLists && level->begin != nullptr) (this->*level->begin)();
   return true;
 }
 
@@ -108,6 +157,10 @@ const JsonJobReader::Level* JsonJobReader::LevelOf(bool isList) {
   if (levels_.empty()) return isList ? nullptr : &Levels::kDocument;
   RequireHeld();
   if (!place_.InList()) return LevelOfMember(isList);
+  if (levels_.back()->form == Form::kListOfLists) {
+    return isList ? &levels_.back()->below.front() : nullptr;
+  }
+  if (levels_.back()->form == Form::kRow) return nullptr;
   return isList || levels_.back() == &Levels::kParts ? nullptr : levels_.back();
 }
 
@@ -117,8 +170,7 @@ const JsonJobReader::Level* JsonJobReader::LevelOfMember(bool isList) {
     const bool hasParts = std::visit([](auto field) { return kHasParts<decltype(field)>; }, slot_);
     return isList && hasParts ? &Levels::kParts : nullptr;
   }
-  const bool fits =
-      below->form == Form::kNotHeld || isList == (below->form == Form::kListOfObjects);
+  const bool fits = below->form == Form::kNotHeld || isList == IsListForm(below->form);
   return fits ? below : nullptr;
 }
 
@@ -135,7 +187,7 @@ void JsonJobReader::RequireHeld() const {
 
 std::string JsonJobReader::PutMember(const JsonValue& value) {
   if (const Level* const below = Below(*levels_.back(), place_.Key())) {
-    if (below->form == Form::kListOfObjects) return "a list";
+    if (below->form != Form::kNotHeld && IsListForm(below->form)) return "a list";
     return std::holds_alternative<std::nullptr_t>(value) ? "" : "an object";
   }
   return std::visit(
@@ -146,10 +198,12 @@ std::string JsonJobReader::PutMember(const JsonValue& value) {
         } else if constexpr (std::is_same_v<Target, Setting>) {
           return PutSetting(value);
         } else if constexpr (kIsList<Target>) {
-          // Nothing of a list of numbers is defined: it stays as it is in a new record.
+          // Nothing of a list of numbers is defined.
           constexpr bool mayBeNull = std::is_floating_point_v<typename Target::value_type>;
           const bool isNull = std::holds_alternative<std::nullptr_t>(value);
-          return mayBeNull && isNull ? "" : ExpectedParts(field->size());
+          if (!mayBeNull || !isNull) return ExpectedParts(field->size());
+          if constexpr (mayBeNull) field->fill(kUndefined<typename Target::value_type>);
+          return "";
         } else {
           return Put(value, *field);
         }
@@ -168,6 +222,11 @@ std::string JsonJobReader::PutPart(const JsonValue& value) {
         }
       },
       slot_);
+}
+
+std::string JsonJobReader::PutNumber(const JsonValue& value) {
+  if (part_ == levels_.back()->columns) return ExpectedParts(part_);
+  return Put(value, row_[part_++]);
 }
 
 std::string JsonJobReader::PutSetting(const JsonValue& value) {
@@ -208,10 +267,15 @@ bool JsonJobReader::end_object() {
 }
 
 bool JsonJobReader::end_array() {
-  const bool wereParts = levels_.back() == &Levels::kParts;
+  const Level& level = *levels_.back();
   levels_.pop_back();
   place_.Leave();
-  if (wereParts) RequireAllParts();
+  if (&level == &Levels::kParts) RequireAllParts();
+  if (level.form == Form::kRow && part_ != level.columns) {
+    Fail("expected " + ExpectedParts(level.columns));
+  }
+  const bool isOfLists = level.form == Form::kListOfLists || level.form == Form::kRow;
+  if (isOfLists && level.end != nullptr) (this->*level.end)();
   return true;
 }
 
@@ -229,6 +293,12 @@ JsonJobReader::Slot JsonJobReader::SelectCurrent(std::string_view key) {
   selectsStation_ = selectsStation_ || key == "station";
   selectsGpsGroup_ = selectsGpsGroup_ || key == "gpsGroup";
   return Select<&JsonJobReader::current_>(key);
+}
+
+JsonJobReader::Slot JsonJobReader::SelectCurve(std::string_view key) {
+  if (key == "start") return &curve_->start;
+  if (key == "end") return &curve_->end;
+  return {};
 }
 
 JsonJobReader::Slot JsonJobReader::SelectSetting(std::string_view key) {

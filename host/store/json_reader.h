@@ -2,6 +2,7 @@
 #pragma once
 
 #include <array>
+#include <optional>
 #include <span>
 #include <string>
 #include <string_view>
@@ -12,6 +13,7 @@
 #include "host/store/json_values.h"
 #include "host/store/progress.h"
 #include "host/store/records.h"
+#include "host/store/road_records.h"
 #include "platform/text_reader.h"
 
 /// Takes the events of a parser and fills a document. Complaints are JobError and JobKeyError and
@@ -48,12 +50,13 @@ class JsonJobReader {
   // The field that the next value is for; none when an object or a list of objects is to come.
   using Slot =
       std::variant<std::monostate, std::string*, double*, bool*, std::uint8_t*, std::uint16_t*,
-                   std::uint32_t*, std::uint64_t*, std::int32_t*, GeocentricRecord*,
+                   std::uint32_t*, std::uint64_t*, std::int32_t*, GeocentricRecord*, PlaceRecord*,
                    CovarianceRecord*, std::array<std::string, 4>*, std::array<int, 2>*, Setting*>;
 
-  enum class Form { kObject, kListOfObjects, kNotHeld };
+  // A row is a list of numbers.
+  enum class Form { kObject, kListOfObjects, kListOfLists, kRow, kNotHeld };
   // One kind of object in the document: where it stands in the object above, what it holds, what it
-  // leads to.
+  // leads to. `begin` and `end` are of each object; of a list of lists and of a row, of the list.
   struct Level {
     std::string_view key = {};  // in the object above; empty: any
     Form form = Form::kObject;
@@ -61,6 +64,7 @@ class JsonJobReader {
     void (JsonJobReader::*begin)() = nullptr;
     void (JsonJobReader::*end)() = nullptr;
     std::span<const Level> below = {};
+    std::size_t columns = 0;  // of a row
   };
   struct Levels;
 
@@ -69,20 +73,26 @@ class JsonJobReader {
   const Level* LevelOf(bool isList);
   const Level* LevelOfMember(bool isList);
   static const Level* Below(const Level& level, std::string_view key);
+  static bool IsListForm(Form form) { return form != Form::kObject; }
   void RequireHeld() const;
 
   std::string PutMember(const JsonValue& value);
   std::string PutPart(const JsonValue& value);
+  std::string PutNumber(const JsonValue& value);
   std::string PutSetting(const JsonValue& value);
   void RequireAllParts() const;
 
   template <auto record>
   Slot Select(std::string_view key);
   Slot SelectCurrent(std::string_view key);
+  Slot SelectCurve(std::string_view key);
   Slot SelectSetting(std::string_view key);
 
   template <class Object>
-  Object* Added(Object* object) const;
+  Object* Added(Object* object) const {
+    if (object == nullptr) Fail("the host takes no more of these");
+    return object;
+  }
   void BeginJob();
   void EndJob();
   void BeginStation();
@@ -99,6 +109,30 @@ class JsonJobReader {
   void EndKnownPoint();
   void EndControl();
   void EndTargets();
+  void BeginModel();
+  void EndModel();
+  void BeginOuter();
+  void BeginIsland();
+  void EndContourVertex();
+  void EndBreaklinePoint();
+  void EndBreakline();
+  void EndTerrainVertex();
+  void EndTriangle();
+  void BeginRoad();
+  void EndRoad();
+  void BeginElement() { element_ = {}; }
+  void EndElement();
+  void BeginMainLine();
+  void BeginCode() { code_ = {}; }
+  void EndCode();
+  void BeginRoadSection();
+  void EndRoadSection();
+  void EndSectionVertex();
+  void BeginLine();
+  void EndLine();
+  void BeginVertex();
+  void EndVertex();
+  void BeginCurve() { curve_.emplace(); }
   void BeginSection() { setting_.section = place_.KeyAbove(); }
   void EndDocument();
   void CountPoint();
@@ -126,4 +160,21 @@ class JsonJobReader {
   bool selectsGpsGroup_ = false;
   Setting setting_;
   CSta* openStation_ = nullptr;
+
+  std::array<double, 3> row_{};  // the first part_ of them
+  TerrainRecord terrain_;
+  RoadRecord road_;
+  ElementRecord element_;
+  CodeRecord code_;
+  SectionRecord section_;
+  LineRecord line_;
+  VertexRecord vertex_;
+  std::optional<TRaccVert> curve_;
+  CDtmPrj* openModel_ = nullptr;
+  CCnt* openContour_ = nullptr;
+  std::vector<tdk::geom::PNT_3D> breakline_;
+  std::vector<std::array<int, 3>> triangles_;  // of the open model, whose vertices may come later
+  CRoad* openRoad_ = nullptr;
+  CProfile* openSection_ = nullptr;
+  CProfileAlti* openLine_ = nullptr;
 };

@@ -7,12 +7,6 @@ int Last(int size) { return size - 1; }
 
 }  // namespace
 
-template <class Object>
-Object* JsonJobReader::Added(Object* object) const {
-  if (object == nullptr) Fail("the host takes no more of these");
-  return object;
-}
-
 // An object that holds lists is added before them, so that their elements have a place to go to,
 // and gets its own members when all of them have been read.
 void JsonJobReader::BeginJob() {

@@ -4,6 +4,7 @@
 #include <optional>
 
 #include "host/store/file_trouble_catcher.h"
+#include "host/store/json_design_writer.h"
 #include "host/store/json_writer.h"
 #include "host/store/progress.h"
 #include "host/store/records.h"
@@ -28,7 +29,7 @@ class JobWriter {
   JobWriter(HostDocument& document, const JsonWriter::Sink& sink, const JobProgress& progress)
       : document_(document),
         json_(sink),
-        progress_(progress, progress ? CountPoints(document) : 0) {}
+        progress_(progress, progress ? CountRecords(document) : 0) {}
 
   void Write() {
     json_.BeginObject();
@@ -41,6 +42,7 @@ class JobWriter {
     WritePoints("controlPoints", controls.GetOriArSize(),
                 [&](int i) { return controls.GetOriAt(i); });
     WriteCurrent();
+    JsonDesignWriter(json_, progress_).Write(document_);
     json_.NextMember("targets");
     json_.BeginObject();
     json_.WriteMembers(TargetsOf(document_));

@@ -84,15 +84,34 @@ class JsonWriter {
 
   template <class Record>
   void WriteLine(const Record& record) {
+    WriteLine(record, [](std::string_view) { return true; });
+  }
+  /// `wants` says by its key whether a field is written; `more` is put before the closing bracket.
+  template <class Record, class Wants>
+  void WriteLine(const Record& record, const Wants& wants, std::string_view more = {}) {
     NextElement();
     std::string_view before = "{";
     ForEachField<Record>([&](const auto& field) {
+      if (!wants(field.key)) return;
       text_ += before;
       AppendKey(field.key);
       AppendJson(text_, record.*field.member);
       before = ", ";
     });
-    text_ += '}';
+    text_.append(more).append(1, '}');
+    if (text_.size() >= kPieceSize) Flush();
+  }
+  /// A list of numbers on a line of its own.
+  template <class Number, std::size_t size>
+  void WriteRow(const std::array<Number, size>& row) {
+    NextElement();
+    std::string_view before = "[";
+    for (const Number number : row) {
+      text_ += before;
+      AppendJson(text_, number);
+      before = ", ";
+    }
+    text_ += ']';
     if (text_.size() >= kPieceSize) Flush();
   }
 

@@ -229,7 +229,7 @@ bool SelectGpsGroup(int index, HostDocument& document) {
   return group != nullptr;
 }
 
-std::uint64_t CountPoints(HostDocument& document) {
+std::uint64_t CountRecords(HostDocument& document) {
   const CLibCmp& surveys = *document.GetLibCmp();
   const CLibGps& gps = *document.GetLibGps();
   const CLibPnt& known = *document.GetLibPnt();
@@ -240,5 +240,11 @@ std::uint64_t CountPoints(HostDocument& document) {
   }
   for (int grp = 0; grp < gps.GetGrpArSize(); ++grp) add(gps.GetPunArSize(grp));
   for (int grp = 0; grp < known.GetGrpArSize(); ++grp) add(known.GetPtnArSize(grp));
+  const CLibDtm& models = *document.GetLibDtm();
+  for (int i = 0; i < models.GetPrjArSize(); ++i) {
+    const CTris& triangulation = models.GetPrjAt(i)->GetTris();
+    add(triangulation.GetNoTriVrts());
+    add(triangulation.GetNoTris());
+  }
   return count;
 }

@@ -9,7 +9,9 @@ enum class AddedKind {
   kGpsPoint,
   kKnownGroup,
   kKnownPoint,
-  kControlRecord
+  kControlRecord,
+  kTerrainModel,
+  kRoad
 };
 
 /// Asked before every add: a host may refuse (a licence's limit, a job that is locked), and the add

@@ -1,12 +1,8 @@
-// The design libraries as far as exchanges reach them so far: each is shown in a target drawing.
+// Cadastral data and GIS themes as far as exchanges reach them so far: each is shown in a target
+// drawing.
 #pragma once
 
 #include "model/library_base.h"
-#include "model/stable_list.h"
-
-class CRoad : public TargetDrawingHolder {};
-
-class CLibProfile : public TargetDrawingHolder {};
 
 /// Cadastral survey data.
 class CCts : public TargetDrawingHolder {};

@@ -4,6 +4,8 @@
 #include "model/design.h"
 #include "model/gps.h"
 #include "model/known_points.h"
+#include "model/road.h"
+#include "model/terrain.h"
 #include "model/total_station.h"
 
 class CTcadEng;
@@ -20,6 +22,8 @@ class ExchangeContext {
 
   virtual CLibProfile* GetLibProfile() = 0;
   virtual gis::CLibGis* GetLibGis() = 0;
+  virtual CLibDtm* GetLibDtm() = 0;
+  virtual CLibRoad* GetLibRoad() = 0;
 
   virtual ~ExchangeContext();
 };

@@ -35,6 +35,22 @@ LandXmlPage SurveyPage(ExchangeContext& document) {
             Names(known.GetGrpArSize(), [&](int i) { return known.GetGrpAt(i)->GetNome(); })}}};
 }
 
+LandXmlPage TriangulationPage(ExchangeContext& document) {
+  const CLibDtm* const models = document.GetLibDtm();
+  const int count = models == nullptr ? 0 : models->GetPrjArSize();
+  return {"landxml-triangulation",
+          ToXlate("Triangulation"),
+          {{"surfaces", Names(count, [&](int i) { return models->GetPrjAt(i)->GetName(); })}}};
+}
+
+LandXmlPage RoadPage(ExchangeContext& document) {
+  const CLibRoad* const roads = document.GetLibRoad();
+  const int count = roads == nullptr ? 0 : roads->GetRoadArSize();
+  return {"landxml-roads",
+          ToXlate("Road Projects"),
+          {{"roads", Names(count, [&](int i) { return roads->GetRoadAt(i)->GetName(); })}}};
+}
+
 }  // namespace
 
 LandXmlPage::LandXmlPage(std::string name, const char* title, std::vector<CheckList> lists)
@@ -68,9 +84,7 @@ std::optional<int> LandXmlPage::Press(std::string_view button) {
 
 LandXmlWizard::LandXmlWizard(ExchangeContext& document)
     : document_(document),
-      pages_{SurveyPage(document),
-             LandXmlPage("landxml-triangulation", ToXlate("Triangulation"), {{"surfaces", {}}}),
-             LandXmlPage("landxml-roads", ToXlate("Road Projects"), {{"roads", {}}})} {}
+      pages_{SurveyPage(document), TriangulationPage(document), RoadPage(document)} {}
 
 void LandXmlWizard::Run(CWnd* parent) {
   constexpr int kLastPage = 2;
@@ -99,6 +113,12 @@ landxml::LandXmlSelection LandXmlWizard::Selection() const {
   }
   for (const int i : survey.List(kPointGroups).Checked()) {
     selection.pointGroups.push_back(selection.pointLibrary->GetGrpAt(i));
+  }
+  for (const int i : pages_[1].List(0).Checked()) {
+    selection.surfaces.push_back(document_.GetLibDtm()->GetPrjAt(i));
+  }
+  for (const int i : pages_[2].List(0).Checked()) {
+    selection.roads.push_back(document_.GetLibRoad()->GetRoadAt(i));
   }
   return selection;
 }

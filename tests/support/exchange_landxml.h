@@ -39,6 +39,13 @@ inline std::string CgPointsText(const CLibPnt& library, const CGrpPnt& group) {
       [&](platform::OutputFile& file) { landxml::WriteCgPoints(file, library, group); });
 }
 
+inline std::string SurfaceText(const CDtmPrj& model) {
+  return SectionText([&](platform::OutputFile& file) { landxml::WriteSurface(file, model); });
+}
+inline std::string AlignmentText(const CRoad& road) {
+  return SectionText([&](platform::OutputFile& file) { landxml::WriteAlignment(file, road); });
+}
+
 /// How often `part` stands in `text`.
 inline int CountOf(std::string_view text, std::string_view part) {
   int count = 0;

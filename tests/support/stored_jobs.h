@@ -60,7 +60,8 @@ inline std::string ComplaintOfSave(const std::string& path, HostDocument& docume
 /// What the system says of an error, in the language of the process.
 inline std::string InWords(std::errc error) { return std::make_error_code(error).message(); }
 
-/// A job in which no key has the value that it has when left out, as it is written.
+/// A job in which no key, terrain and roads aside, has the value that it has when left out, as it
+/// is written.
 inline constexpr std::string_view kFullJob = R"({
   "jobs": [
     {
@@ -142,6 +143,8 @@ inline constexpr std::string_view kFullJob = R"({
     "station": [0, 1],
     "gpsGroup": 0
   },
+  "terrain": [],
+  "roads": [],
   "targets": {
     "cmp": 1,
     "gps": 2,

@@ -43,6 +43,7 @@ void WriteLandXmlDocument(const LandXmlSelection& selection) {
   // The order is fixed: alignments, surveys, point groups, surfaces.
   if (!selection.roads.empty()) {
     PrintLine(file, "\t<Alignments>");
+    for (const CRoad* road : selection.roads) WriteAlignment(file, *road);
     PrintLine(file, "\t</Alignments>");
   }
   for (const CJob* job : selection.tsJobs) WriteTsSurvey(file, *selection.tsLibrary, *job);
@@ -54,6 +55,7 @@ void WriteLandXmlDocument(const LandXmlSelection& selection) {
   }
   if (!selection.surfaces.empty()) {
     PrintLine(file, "\t<Surfaces>");
+    for (const CDtmPrj* surface : selection.surfaces) WriteSurface(file, *surface);
     PrintLine(file, "\t</Surfaces>");
   }
   PrintLine(file, "</LandXML>");

@@ -27,4 +27,11 @@ void WriteGpsSurvey(platform::OutputFile& file, const CLibGps& library, const CG
 /// group.
 void WriteCgPoints(platform::OutputFile& file, const CLibPnt& library, const CGrpPnt& group);
 
+/// One `Surface` element of a terrain model.
+void WriteSurface(platform::OutputFile& file, const CDtmPrj& model);
+
+/// One `Alignment` element of a road, with its geometry, main height line and cross sections as far
+/// as the road has them.
+void WriteAlignment(platform::OutputFile& file, const CRoad& road);
+
 }  // namespace landxml

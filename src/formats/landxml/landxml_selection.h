@@ -6,8 +6,6 @@
 #include "model/exchange_context.h"
 #include "tdk/wstring.h"
 
-class CDtmPrj;
-
 namespace landxml {
 
 /// The objects to write, each list in the order in which it is written. All of them stay the
