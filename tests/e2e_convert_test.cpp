@@ -213,11 +213,6 @@ TEST_F(Convert, FormatsOfLaterVersionsFailWithThatReason) {
   }
 }
 
-TEST_F(Convert, LandXmlCannotBeReadYet) {
-  folder.Write("in.xml", "<LandXML/>");
-  ExpectFailure({"in.xml", "b.jb2"}, 1, "in.xml", "LandXML files cannot be read yet");
-}
-
 TEST_F(Convert, OutputFolderThatIsMissingFails) {
   const Outcome run = Run({"--no-compute", "a.jb2", "no/such/b.xml"});
   EXPECT_EQ(run.status, 1);

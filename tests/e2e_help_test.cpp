@@ -227,7 +227,8 @@ std::vector<std::string> Completions(const std::vector<std::string>& words) {
 }
 
 TEST(BashCompletion, OffersCommandsOptionsFunctionsAndChoices) {
-  EXPECT_THAT(Completions({""}), ElementsAre("call", "compute", "convert", "formats", "show"));
+  EXPECT_THAT(Completions({""}),
+              ElementsAre("call", "compute", "convert", "formats", "show", "terrain"));
   EXPECT_THAT(Completions({"--v"}), ElementsAre("--version"));
   EXPECT_THAT(Completions({"convert", "--pro"}), ElementsAre("--progress"));
   EXPECT_THAT(Completions({"convert", "--progress", "a"}), ElementsAre("always", "auto"));

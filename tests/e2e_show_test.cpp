@@ -185,7 +185,7 @@ TEST(Formats, TableTellsWhatCanBeDone) {
             "DXF      dxf        not yet  not yet\n"
             "DWG      dwg        not yet  not yet\n"
             "Shape    shp        not yet  not yet\n"
-            "LandXML  xml        not yet  yes\n"
+            "LandXML  xml        yes      yes\n"
             "DAT      dat        –        not yet\n");
 }
 

@@ -11,6 +11,7 @@
 #include "platform/numbers.h"
 #include "platform/paths.h"
 #include "services/translate.h"
+#include "terrain_model.h"
 
 namespace {
 
@@ -31,6 +32,19 @@ Files CheckedFiles(const Arguments& arguments) {
   for (const std::string& input : files.inputs) CheckReadable(input);
   CheckWritable(files.output);
   return files;
+}
+
+// An option that would have no effect is a mistake of the user's.
+void CheckTerrainOptions(const Arguments& arguments) {
+  TerrainChoice(arguments);
+  const std::string& output = arguments.words.back();
+  if (arguments.Has("--select") && FormatOf(output).extension != std::string_view("xml")) {
+    throw BadUsage(output + ": " + Xlate("--select is for LandXML files").ToUtf8());
+  }
+  for (const char* const option : {"--points", "--codes", "--max-edge"}) {
+    if (!arguments.Has(option) || arguments.Has("--terrain")) continue;
+    throw BadUsage(Fill(Xlate("{1} goes with --terrain"), {option}).ToUtf8());
+  }
 }
 
 bool WantsProgress(const Arguments& arguments) {
@@ -81,6 +95,10 @@ class Summary {
       TellLine(Xlate("kalvio compute tells why stations place no points"));
     }
   }
+  void TellTerrain(const std::string& name, const std::string& what) const {
+    TellLine(
+        Fill(Xlate("made terrain model \"{1}\": {2}"), {tdk::WString(name), tdk::WString(what)}));
+  }
   void TellWrote(const std::string& path, const std::string& what) const {
     Tell(Xlate("wrote").ToUtf8(), path, what);
   }
@@ -123,9 +141,19 @@ void ComputeCoordinates(HostDocument& document, const Arguments& arguments,
   TellRemarks(Xlate("coordinates").ToUtf8(), Findings(report.survey));
 }
 
+// Of all points, once they have their coordinates.
+void AddTerrain(HostDocument& document, const Arguments& arguments, const Summary& summary) {
+  if (!arguments.Has("--terrain")) return;
+  const std::string name = Xlate("terrain").ToUtf8();
+  const TerrainReport report = MakeTerrain(document, name, TerrainChoice(arguments));
+  summary.TellTerrain(name, InWords(report));
+  TellRemarks(name, report.Remarks());
+}
+
 void Export(const Files& files, const Module& module, HostDocument& document,
-            const TextOptions& options, const Summary& summary, ProgressLine& progress) {
-  Exchange out = ExportFile(module, files.output, document, options, progress);
+            const TextOptions& options, const LandXmlParts& parts, const Summary& summary,
+            ProgressLine& progress) {
+  Exchange out = ExportFile(module, files.output, document, options, parts, progress);
   if (!out.leftBack.IsNothing()) {
     out.remarks.push_back(Fill(Xlate("left out, for such a file cannot hold it: {1}"),
                                {tdk::WString(InWords(out.leftBack))})
@@ -139,7 +167,9 @@ void Export(const Files& files, const Module& module, HostDocument& document,
 
 int RunConvert(const Arguments& arguments) {
   const TextOptions options = ReadTextOptions(arguments);
+  const LandXmlParts parts = ReadLandXmlParts(arguments);
   const Files files = CheckedFiles(arguments);
+  CheckTerrainOptions(arguments);
   const tdk::WString crs = ReferenceSystemOption(arguments);  // before anything is read
   const auto job = arguments.Value("--job");
   const Summary summary(arguments.Has("--quiet"));
@@ -154,7 +184,8 @@ int RunConvert(const Arguments& arguments) {
   Import(files, module, session.Document(), options, summary, progress);
   CompleteGpsPositions(session.Document(), crs, summary);
   ComputeCoordinates(session.Document(), arguments, summary);
-  Export(files, module, session.Document(), options, summary, progress);
+  AddTerrain(session.Document(), arguments, summary);
+  Export(files, module, session.Document(), options, parts, summary, progress);
   // Every input has brought something, or there would have been a failure.
   session.Keep(std::nullopt, /*succeeded=*/true);
   return exit_status::kRan;

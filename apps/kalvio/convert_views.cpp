@@ -11,6 +11,7 @@ namespace {
 
 struct DialogRow {
   std::string_view dialog;
+  // Null: a page of lists with check boxes.
   bool (*fill)(Dialog& dialog, const std::string& path, const TextOptions& options);
   std::string_view press;
   bool writes = false;  ///< its button writes the file
@@ -20,23 +21,12 @@ bool ChooseFile(Dialog& dialog, const std::string& path, const TextOptions& /*op
   return dialog.Set("path", path) == DialogSet::kDone;
 }
 
-// Checks every row of every list.
-bool CheckAll(Dialog& dialog, const std::string& /*path*/, const TextOptions& /*options*/) {
-  const DialogState state = dialog.State();
-  for (const auto& [key, list] : state.items()) {
-    DialogState positions = DialogState::array();
-    for (std::size_t i = 0; i < list.size(); ++i) positions.push_back(i);
-    if (dialog.Set(key, positions) != DialogSet::kDone) return false;
-  }
-  return true;
-}
-
 constexpr std::array kDialogs = {
     DialogRow{"file", ChooseFile, "OK"},
-    DialogRow{"landxml-survey", CheckAll, ">>"},
-    DialogRow{"landxml-triangulation", CheckAll, ">>"},
+    DialogRow{"landxml-survey", nullptr, ">>"},
+    DialogRow{"landxml-triangulation", nullptr, ">>"},
     // On the last page there is nothing further; "Cancel" is what ends the choice there.
-    DialogRow{"landxml-roads", CheckAll, "Cancel"},
+    DialogRow{"landxml-roads", nullptr, "Cancel"},
     DialogRow{"text-main", FillTextMain, "OK"},
     DialogRow{"delimited-fields", FillDelimitedFields, "OK"},
     DialogRow{"fixed-fields", FillFixedFields, "OK"},
@@ -46,12 +36,26 @@ constexpr std::array kDialogs = {
 
 }  // namespace
 
+// Checks every row of the lists that are chosen.
+bool ConvertViews::CheckChosen(Dialog& dialog) const {
+  const DialogState state = dialog.State();
+  for (const auto& [key, list] : state.items()) {
+    DialogState positions = DialogState::array();
+    for (std::size_t i = 0; parts_.Has(key) && i < list.size(); ++i) positions.push_back(i);
+    if (dialog.Set(key, positions) != DialogSet::kDone) return false;
+  }
+  return true;
+}
+
 int ConvertViews::ShowDialog(Dialog& dialog) {
   const auto* const row =
       std::find_if(kDialogs.begin(), kDialogs.end(),
                    [&](const DialogRow& each) { return each.dialog == dialog.Name(); });
   const std::size_t saidBefore = messages_.size();
-  if (row != kDialogs.end() && row->fill(dialog, path_, options_)) {
+  const auto fill = [&] {
+    return row->fill == nullptr ? CheckChosen(dialog) : row->fill(dialog, path_, options_);
+  };
+  if (row != kDialogs.end() && fill()) {
     if (const auto code = dialog.Press(row->press)) {
       hasWritten_ = hasWritten_ || row->writes;
       return *code;

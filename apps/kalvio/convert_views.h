@@ -4,6 +4,7 @@
 #include <string>
 #include <vector>
 
+#include "landxml_parts.h"
 #include "progress_line.h"
 #include "services/dialog.h"
 #include "services/window.h"
@@ -11,9 +12,10 @@
 
 class ConvertViews : public HostViews {
  public:
-  /// `path` is the file to exchange (absolute). `options` and `progress` are not owned.
-  ConvertViews(std::string path, const TextOptions& options, ProgressLine& progress)
-      : path_(std::move(path)), options_(options), progress_(progress) {}
+  /// `path` is the file to exchange (absolute). The others are not owned.
+  ConvertViews(std::string path, const TextOptions& options, const LandXmlParts& parts,
+               ProgressLine& progress)
+      : path_(std::move(path)), options_(options), parts_(parts), progress_(progress) {}
 
   int ShowDialog(Dialog& dialog) override;
   int ShowMessage(const tdk::WString& caption, const tdk::WString& text, unsigned flags) override;
@@ -32,8 +34,11 @@ class ConvertViews : public HostViews {
   const std::vector<std::string>& Messages() const { return messages_; }
 
  private:
+  bool CheckChosen(Dialog& dialog) const;
+
   std::string path_;
   const TextOptions& options_;
+  const LandXmlParts& parts_;
   ProgressLine& progress_;
   bool hasWritten_ = false;
   std::vector<std::string> notes_;

@@ -17,6 +17,15 @@ void CountTotalStation(const CLibCmp& library, Counts& counts) {
   counts.controlPoints = static_cast<std::uint64_t>(library.GetOriArSize());
 }
 
+void CountDesign(HostDocument& document, Counts& counts) {
+  const CLibDtm& models = *document.GetLibDtm();
+  counts.surfaces = static_cast<std::uint64_t>(models.GetPrjArSize());
+  for (int i = 0; i < models.GetPrjArSize(); ++i) {
+    counts.triangles += static_cast<std::uint64_t>(models.GetPrjAt(i)->GetTris().GetNoTris());
+  }
+  counts.roads = static_cast<std::uint64_t>(document.GetLibRoad()->GetRoadArSize());
+}
+
 }  // namespace
 
 Counts CountsOf(HostDocument& document) {
@@ -32,6 +41,7 @@ Counts CountsOf(HostDocument& document) {
   for (int i = 0; i < known.GetGrpArSize(); ++i) {
     counts.knownPoints += static_cast<std::uint64_t>(known.GetPtnArSize(i));
   }
+  CountDesign(document, counts);
   return counts;
 }
 
@@ -43,7 +53,10 @@ Counts operator-(const Counts& more, const Counts& less) {
           more.gpsPoints - less.gpsPoints,
           more.knownGroups - less.knownGroups,
           more.knownPoints - less.knownPoints,
-          more.controlPoints - less.controlPoints};
+          more.controlPoints - less.controlPoints,
+          more.surfaces - less.surfaces,
+          more.triangles - less.triangles,
+          more.roads - less.roads};
 }
 
 Counts Within(const Counts& counts, const Carried& carried) {
@@ -57,6 +70,11 @@ Counts Within(const Counts& counts, const Carried& carried) {
     part.knownPoints = counts.knownPoints;
   }
   if (carried.controls) part.controlPoints = counts.controlPoints;
+  if (carried.design) {
+    part.surfaces = counts.surfaces;
+    part.triangles = counts.triangles;
+    part.roads = counts.roads;
+  }
   return part;
 }
 
@@ -75,5 +93,8 @@ std::string InWords(const Counts& counts) {
   add(counts.knownGroups, Xlate("{1} group of known points"), Xlate("{1} groups of known points"));
   add(counts.knownPoints, Xlate("{1} known point"), Xlate("{1} known points"));
   add(counts.controlPoints, Xlate("{1} control point"), Xlate("{1} control points"));
+  add(counts.surfaces, Xlate("{1} terrain model"), Xlate("{1} terrain models"));
+  add(counts.triangles, Xlate("{1} triangle"), Xlate("{1} triangles"));
+  add(counts.roads, Xlate("{1} road"), Xlate("{1} roads"));
   return text.empty() ? Xlate("nothing").ToUtf8() : text;
 }

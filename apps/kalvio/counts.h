@@ -15,6 +15,9 @@ struct Counts {
   std::uint64_t knownGroups = 0;
   std::uint64_t knownPoints = 0;
   std::uint64_t controlPoints = 0;
+  std::uint64_t surfaces = 0;
+  std::uint64_t triangles = 0;
+  std::uint64_t roads = 0;
 
   bool IsNothing() const { return *this == Counts{}; }
   bool operator==(const Counts&) const = default;
@@ -25,6 +28,7 @@ struct Carried {
   bool gps = false;
   bool known = false;
   bool controls = false;
+  bool design = false;  ///< terrain models and roads
 };
 
 Counts CountsOf(HostDocument& document);

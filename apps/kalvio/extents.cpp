@@ -53,6 +53,36 @@ void AddKnown(const CLibPnt& library, Extents& extents) {
   }
 }
 
+void AddTerrain(const CLibDtm& library, Extents& extents) {
+  for (int i = 0; i < library.GetPrjArSize(); ++i) {
+    const CTris& triangulation = library.GetPrjAt(i)->GetTris();
+    extents.hasDesign = extents.hasDesign || triangulation.GetNoTriVrts() > 0;
+    for (int v = 0; v < triangulation.GetNoTriVrts(); ++v) {
+      const tdk::geom::PNT_3D& vertex = triangulation.GetTriVrtAt(v);
+      extents.axes[0].Add(vertex.getX());
+      extents.axes[1].Add(vertex.getY());
+      extents.axes[2].Add(vertex.getZ());
+    }
+  }
+}
+
+// By the ends of their elements; the axis of a road has no elevation of its own.
+void AddRoads(const CLibRoad& library, Extents& extents) {
+  for (int i = 0; i < library.GetRoadArSize(); ++i) {
+    std::vector<const CPlaniElem*> elements;
+    library.GetRoadAt(i)->RetrieveLinkedPlaniElems(elements);
+    for (const CPlaniElem* const element : elements) {
+      tdk::geom::PNT_2D end;
+      element->GetEndPnt(end);
+      for (const tdk::geom::PNT_2D& place : {element->GetStartPnt(), end}) {
+        extents.axes[0].Add(place.getX());
+        extents.axes[1].Add(place.getY());
+      }
+      extents.hasDesign = true;
+    }
+  }
+}
+
 }  // namespace
 
 Extents ExtentsOf(HostDocument& document) {
@@ -60,5 +90,7 @@ Extents ExtentsOf(HostDocument& document) {
   AddTotalStation(*document.GetLibCmp(), extents);
   AddGps(*document.GetLibGps(), extents);
   AddKnown(*document.GetLibPnt(), extents);
+  AddTerrain(*document.GetLibDtm(), extents);
+  AddRoads(*document.GetLibRoad(), extents);
   return extents;
 }

@@ -1,5 +1,6 @@
 #include "file_import.h"
 
+#include <algorithm>
 #include <filesystem>
 #include <optional>
 
@@ -8,6 +9,7 @@
 #include "failure.h"
 #include "formats.h"
 #include "host/document/host_document.h"
+#include "host/landxml/load.h"
 #include "job_session.h"
 #include "platform/paths.h"
 #include "services/translate.h"
@@ -45,10 +47,10 @@ std::string NameOf(const std::string& path) { return std::string(platform::FileN
 // did not succeed.
 std::vector<std::string> Run(const Module& module, const char* function, const std::string& path,
                              HostDocument& document, const TextOptions& options,
-                             ProgressLine& progress) {
+                             const LandXmlParts& parts, ProgressLine& progress) {
   const TroubleScope trouble;
   const std::string absolute = AbsolutePath(path);
-  ConvertViews views(absolute, options, progress);
+  ConvertViews views(absolute, options, parts, progress);
   CWnd window(&views);
   progress.Begin(NameOf(path));
   const CallResult result = module.Call(function, window, document, {"kalvio", KALVIO_VERSION});
@@ -60,6 +62,42 @@ std::vector<std::string> Run(const Module& module, const char* function, const s
   said.insert(said.end(), views.Notes().begin(), views.Notes().end());
   if (result.value == 1 || views.HasWritten()) return said;
   throw Failed(path, said.empty() ? Xlate("the module refused it").ToUtf8() : said.front());
+}
+
+// What the host reads itself.
+std::vector<std::string> LoadRoadsAndTerrain(const std::string& path, HostDocument& document,
+                                             ProgressLine& progress) {
+  const TroubleScope trouble;
+  progress.Begin(NameOf(path));
+  try {
+    std::vector<std::string> remarks =
+        LoadLandXml(platform::NativePath(path), document,
+                    [&](std::uint64_t done, std::uint64_t total) { progress.Show(done, total); });
+    progress.Clear();
+    return remarks;
+  } catch (const landxml_load::LoadError& error) {
+    progress.Clear();
+    const std::string reason = trouble.Reason(AbsolutePath(path));
+    throw reason.empty() ? Failure(exit_status::kFailed, error.what()) : Failed(path, reason);
+  }
+}
+
+// The writer passes over elements of kinds that the format does not have, and says nothing.
+void TellOfOtherElements(HostDocument& document, std::vector<std::string>& remarks) {
+  const CLibRoad& roads = *document.GetLibRoad();
+  for (int i = 0; i < roads.GetRoadArSize(); ++i) {
+    std::vector<const CPlaniElem*> elements;
+    roads.GetRoadAt(i)->RetrieveLinkedPlaniElems(elements);
+    const auto count = std::count_if(
+        elements.begin(), elements.end(),
+        [](const CPlaniElem* element) { return element->GetType() == CPlaniElem::kOther; });
+    if (count == 0) continue;
+    remarks.push_back(
+        Fill(Xlate("road \"{1}\": elements that the format does not have are left out ({2})"),
+             {roads.GetRoadAt(i)->GetName(),
+              tdk::WString(console::Number(static_cast<std::uint64_t>(count)))})
+            .ToUtf8());
+  }
 }
 
 // What the module would not tell: it takes a file that is not there, or holds nothing, for one
@@ -78,7 +116,8 @@ void CheckInput(const std::string& path) {
 }
 
 std::string WhyNothing(const FormatRow& format, const std::vector<std::string>& remarks) {
-  if (format.isPointList && !remarks.empty()) {
+  const bool tellsWhy = format.isPointList || format.importFunction == nullptr;
+  if (tellsWhy && !remarks.empty()) {
     return Fill(Xlate("nothing was imported: {1}"), {tdk::WString(remarks.front())}).ToUtf8();
   }
   return Fill(Xlate("nothing was imported: no {1} record in it"), {format.name}).ToUtf8();
@@ -104,7 +143,10 @@ Exchange ImportFile(const Module& module, const std::string& path, HostDocument&
   const FormatRow& format = FormatOf(path);
   const Counts before = CountsOf(document);
   Exchange exchange;
-  exchange.remarks = Run(module, format.importFunction, path, document, options, progress);
+  exchange.remarks =
+      format.importFunction == nullptr
+          ? LoadRoadsAndTerrain(path, document, progress)
+          : Run(module, format.importFunction, path, document, options, {}, progress);
   exchange.counts = CountsOf(document) - before;
   // A text file makes a group before its first point.
   const bool isNothing =
@@ -116,13 +158,14 @@ Exchange ImportFile(const Module& module, const std::string& path, HostDocument&
 }
 
 Exchange ExportFile(const Module& module, const std::string& path, HostDocument& document,
-                    const TextOptions& options, ProgressLine& progress) {
+                    const TextOptions& options, const LandXmlParts& parts, ProgressLine& progress) {
   CheckWritable(path);
   const FormatRow& format = FormatOf(path);
   Exchange exchange;
   const Counts all = CountsOf(document);
   const TextOptions chosen = format.isPointList ? WithKind(options, all, path) : options;
-  exchange.remarks = Run(module, format.exportFunction, path, document, chosen, progress);
+  exchange.remarks = Run(module, format.exportFunction, path, document, chosen, parts, progress);
+  if (format.carried.design && parts.roads) TellOfOtherElements(document, exchange.remarks);
   std::error_code error;
   if (!std::filesystem::exists(platform::NativePath(path), error)) {
     throw Failed(path, exchange.remarks.empty() ? Xlate("it was not written").ToUtf8()
@@ -130,6 +173,7 @@ Exchange ExportFile(const Module& module, const std::string& path, HostDocument&
   }
   exchange.counts = format.isPointList ? OfKind(all, *chosen.kind) : Within(all, format.carried);
   exchange.leftBack = all - exchange.counts;
+  exchange.counts = OfParts(exchange.counts, parts);
   return exchange;
 }
 

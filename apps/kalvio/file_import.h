@@ -1,10 +1,11 @@
-// One file brought into a job, or out of it, through the module.
+// One file brought into a job, through the module or by the host itself, or out of it.
 #pragma once
 
 #include <string>
 #include <vector>
 
 #include "counts.h"
+#include "landxml_parts.h"
 #include "module.h"
 #include "progress_line.h"
 #include "text_options.h"
@@ -21,7 +22,7 @@ Exchange ImportFile(const Module& module, const std::string& path, HostDocument&
 
 /// Writes the document to `path`; throws Failure when the file was not written.
 Exchange ExportFile(const Module& module, const std::string& path, HostDocument& document,
-                    const TextOptions& options, ProgressLine& progress);
+                    const TextOptions& options, const LandXmlParts& parts, ProgressLine& progress);
 
 /// Throws Failure (bad usage) when an input is also what is written, by whatever name.
 void RefuseOneForBoth(const std::string& input, const std::string& output);

@@ -18,7 +18,7 @@ struct FormatRow {
   const char* name;
   Exchanged read;
   Exchanged written;
-  const char* importFunction;  ///< null when it is never read
+  const char* importFunction;  ///< null when the module never reads it
   const char* exportFunction;
   Carried carried;           ///< what of a job such a file holds
   bool isPointList = false;  ///< it holds points of one kind, laid out by options

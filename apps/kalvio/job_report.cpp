@@ -107,8 +107,49 @@ void ReportKnownGroups(const CLibPnt& library, bool all) {
   TellMoreGroups(list);
 }
 
+void ReportTerrain(const CLibDtm& library, bool all) {
+  if (library.GetPrjArSize() == 0) return;
+  const List list(library.GetPrjArSize(), all);
+  Table table({Align::kLeft, Align::kRight, Align::kRight, Align::kRight, Align::kRight}, kIndent);
+  table.Add({Text(Xlate("terrain model")), Text(Xlate("vertices")), Text(Xlate("triangles")),
+             Text(Xlate("contours")), Text(Xlate("breaklines"))});
+  for (int i = 0; i < list.Shown(); ++i) {
+    const CDtmPrj& model = *library.GetPrjAt(i);
+    table.Add({OrDash(model.GetName()), Number(model.GetTris().GetNoTriVrts()),
+               Number(model.GetTris().GetNoTris()),
+               Number(model.GetOuterCnts().GetNoCnts() + model.GetIslandCnts().GetNoCnts()),
+               Number(model.GetVncs().GetNoVncs())});
+  }
+  console::Out(Text(Xlate("Terrain")) + "\n" + table.Text());
+  list.TellRest(Xlate("… and {1} more terrain model (--all shows it)"),
+                Xlate("… and {1} more terrain models (--all shows them)"));
+}
+
+void ReportRoads(const CLibRoad& library, bool all) {
+  if (library.GetRoadArSize() == 0) return;
+  const List list(library.GetRoadArSize(), all);
+  Table table(
+      {Align::kLeft, Align::kRight, Align::kRight, Align::kRight, Align::kRight, Align::kRight},
+      kIndent);
+  table.Add({Text(Xlate("road")), Text(Xlate("from chainage")), Text(Xlate("to chainage")),
+             Text(Xlate("elements")), Text(Xlate("profile vertices")), Text(Xlate("sections"))});
+  for (int i = 0; i < list.Shown(); ++i) {
+    const CRoad& road = *library.GetRoadAt(i);
+    std::vector<const CPlaniElem*> elements;
+    road.RetrieveLinkedPlaniElems(elements);
+    const CProfile& profile = *road.GetRoadProfile();
+    const CProfileAlti* const main = profile.GetMainPrjAlti();
+    table.Add({OrDash(road.GetName()), Metres(road.GetStartProg()), Metres(road.GetEndProg()),
+               Number(static_cast<int>(elements.size())),
+               Number(main == nullptr ? 0 : main->GetNumVrts()), Number(profile.GetNumSections())});
+  }
+  console::Out(Text(Xlate("Roads")) + "\n" + table.Text());
+  list.TellRest(Xlate("… and {1} more road (--all shows it)"),
+                Xlate("… and {1} more roads (--all shows them)"));
+}
+
 void ReportExtents(const Extents& extents) {
-  if (extents.points == 0) return;
+  if (extents.points == 0 && !extents.hasDesign) return;
   Table table({Align::kLeft, Align::kRight, Align::kRight, Align::kRight}, kIndent);
   table.Add({Text(Xlate("coordinate")), Text(Xlate("from")), Text(Xlate("to")),
              Text(Xlate("undefined"))});
@@ -118,7 +159,10 @@ void ReportExtents(const Extents& extents) {
     table.Add(
         {Text(names[i]), Metres(axis.least), Metres(axis.most), console::Number(axis.undefined)});
   }
-  console::Out(Text(Xlate("Extents in metres, stations included")) + "\n" + table.Text());
+  console::Out(Text(extents.hasDesign
+                        ? Xlate("Extents in metres, stations, terrain and roads included")
+                        : Xlate("Extents in metres, stations included")) +
+               "\n" + table.Text());
   if (extents.withoutDistance == 0) return;
   console::Out(console::Count(extents.withoutDistance, Xlate("{1} point without distance"),
                               Xlate("{1} points without distance")) +
@@ -131,6 +175,8 @@ void ReportJob(HostDocument& document, bool all) {
   ReportJobs(*document.GetLibCmp(), all);
   ReportGpsGroups(*document.GetLibGps(), all);
   ReportKnownGroups(*document.GetLibPnt(), all);
+  ReportTerrain(*document.GetLibDtm(), all);
+  ReportRoads(*document.GetLibRoad(), all);
   console::Out(Text(Xlate("In all:")) + " " + InWords(CountsOf(document)) + "\n");
   ReportExtents(ExtentsOf(document));
 }

@@ -32,6 +32,7 @@ int RunCommand(const Arguments& arguments) {
   if (name == "convert") return RunConvert(arguments);
   if (name == "compute") return RunCompute(arguments);
   if (name == "show") return RunShow(arguments);
+  if (name == "terrain") return RunTerrain(arguments);
   if (name == "formats") return RunFormats();
   throw Failure(exit_status::kFailed, Xlate("plot is not available in this version").ToUtf8());
 }

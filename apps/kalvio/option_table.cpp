@@ -14,7 +14,8 @@ constexpr std::size_t kAny = std::numeric_limits<std::size_t>::max();
 // The version options have no effect on the formats of this version, so no help shows them.
 constexpr const char* kNotShown = nullptr;
 constexpr const char* kNoFallback = nullptr;
-constexpr const char* kWithTextFiles = "convert compute show";
+constexpr const char* kWithTextFiles = "convert compute show terrain";
+constexpr const char* kWithTerrain = "convert terrain";
 
 constexpr auto kOptions = std::to_array<OptionRow>({
     {"convert", "INPUT", "", ToXlate("input files, read in this order; with --job none is needed"),
@@ -27,6 +28,10 @@ constexpr auto kOptions = std::to_array<OptionRow>({
      ToXlate("write the whole report into a file, as JSON when its name ends in .json"),
      kNoFallback},
     {"compute", "--json", nullptr, ToXlate("print the report as a JSON document"), kNoFallback},
+    {"terrain", "JOB|FILE", "",
+     ToXlate("job folder or .json document, and files with observations or points"), kNoFallback,
+     true},
+    {"terrain", "--name", "N", ToXlate("what the terrain model is called"), kNoFallback},
     {"show", "JOB|FILE", "", ToXlate("job folder, .json document or a file that can be read"),
      kNoFallback},
     {"show", "--json", nullptr, ToXlate("the whole job as a JSON document"), kNoFallback},
@@ -36,8 +41,8 @@ constexpr auto kOptions = std::to_array<OptionRow>({
     {"convert", "--kind", "known|control|ts|gps",
      ToXlate("kind of the points of a text or CSV file"),
      ToXlate("known; written: the first that has points")},
-    {"compute show", "--kind", "known|control", ToXlate("kind of the points of a text or CSV file"),
-     "known"},
+    {"compute show terrain", "--kind", "known|control",
+     ToXlate("kind of the points of a text or CSV file"), "known"},
     {kWithTextFiles, "--columns", "LIST",
      ToXlate("up to six of name,north,east,elev,descr,date,time,- in a text or CSV file"),
      "name,east,north,elev,descr"},
@@ -64,9 +69,23 @@ constexpr auto kOptions = std::to_array<OptionRow>({
     {"convert compute", "--crs", "AUTH:CODE",
      ToXlate("reference system of the plane coordinates of GPS groups, such as EPSG:32632"),
      kNoFallback},
+    {"convert", "--terrain", nullptr,
+     ToXlate("make a terrain model of the points, and write it where the format has such"),
+     kNoFallback},
+    {kWithTerrain, "--points", "LIST",
+     ToXlate("points of the terrain: some of ts,gps,known,control"), ToXlate("all of them")},
+    {kWithTerrain, "--codes", "LIST",
+     ToXlate("codes whose points form breaklines, each in the order of its points; EDGE* is every "
+             "code that begins so"),
+     kNoFallback},
+    {kWithTerrain, "--max-edge", "M",
+     ToXlate("leave out triangles with a side longer than this, in metres"), kNoFallback},
+    {"convert", "--select", "LIST",
+     ToXlate("what a LandXML file gets: some of roads,jobs,gps,points,surfaces"),
+     ToXlate("everything")},
     {"convert", "--job", "JOB", ToXlate("import into and export from this job"),
      ToXlate("a new one")},
-    {"compute", "--save", "JOB", ToXlate("where the job is written"),
+    {"compute terrain", "--save", "JOB", ToXlate("where the job is written"),
      ToXlate("the job folder, if it is one")},
     {"convert", "--quiet", nullptr, ToXlate("no summary"), kNoFallback},
     {"convert", "--progress", "auto|always|never", ToXlate("show how far it has come"),
@@ -96,11 +115,18 @@ constexpr std::array kConvertExamples = {
     "kalvio convert rilievo.jb2 rilievo.xml",
     "kalvio convert --crs EPSG:32632 gps.jb3 gps.xml",
     "kalvio convert rilievo.jb2 known.csv plan.csv",
+    "kalvio convert --terrain --max-edge 50 points.csv ground.xml",
+    "kalvio convert --select roads project.xml roads.xml",
 };
 constexpr std::array kComputeExamples = {
     "kalvio compute survey/ --report survey.txt",
     "kalvio compute rilievo.jb2 known.csv",
     "kalvio compute rilievo.jb2 known.csv --json --save survey/",
+};
+constexpr std::array kTerrainExamples = {
+    "kalvio terrain survey/ --name ground",
+    "kalvio terrain survey/ --name ground --codes 'EDGE*,WALL' --max-edge 40",
+    "kalvio terrain points.csv --name ground --save survey/",
 };
 constexpr std::array kShowExamples = {
     "kalvio show rilievo.jb2",
@@ -142,6 +168,11 @@ constexpr auto kCommands = std::to_array<CommandRow>({
              "and of GPS points through their reference system; reports what was found. A job "
              "folder keeps the result."),
      kComputeExamples, kUsualStatuses, 1, kAny},
+    {"terrain", "[OPTION]... --name N JOB|FILE...",
+     ToXlate("Makes a terrain model of a job's points."),
+     ToXlate("Triangulates the points of a job that have plane coordinates and an elevation, with "
+             "breaklines by their codes, and adds the terrain model to the job."),
+     kTerrainExamples, kUsualStatuses, 1, kAny},
     {"show", "[OPTION]... JOB|FILE", ToXlate("Shows what a job or a survey file holds."),
      ToXlate("Shows what a job or a file holds: jobs, stations, points, extents."), kShowExamples,
      kUsualStatuses, 1, 1},
