@@ -55,8 +55,7 @@ TEST_F(LandXmlLoadCurve, HasItsChildrenInAnyOrder) {
 }
 
 TEST_F(LandXmlLoadCurve, TakesItsRadiusFromItsCentre) {
-  LoadCurve("rot=\"ccw\" radius=\"77\" length=\"1\" delta=\"9\"",
-            kEnds + "<Center>0 0</Center>");
+  LoadCurve("rot=\"ccw\" radius=\"77\" length=\"1\" delta=\"9\"", kEnds + "<Center>0 0</Center>");
   ExpectQuarterToTheLeft();
 }
 

@@ -108,17 +108,19 @@ TEST_F(LandXmlLoadFile, MayHavePrefixesOnItsElements) {
 }
 
 TEST_F(LandXmlLoadFile, MayHaveElementsOfOtherNamespacesAndALineEndInItsRoot) {
-  LoadBytes("<LandXML xmlns=\"http://www.landxml.org/schema/LandXML-2.0\"\n xmlns:x=\"urn:x\" "
-            "x:schemaLocation=\"http://www.landxml.org/schema/LandXML-2.0\nLandXML-2.0.xsd\">" +
-            kMetres + "<x:Extra><x:Deep><x:CgPoint>9 9 9</x:CgPoint></x:Deep></x:Extra>" +
-            PointNamed("p") + "</LandXML>");
+  LoadBytes(
+      "<LandXML xmlns=\"http://www.landxml.org/schema/LandXML-2.0\"\n xmlns:x=\"urn:x\" "
+      "x:schemaLocation=\"http://www.landxml.org/schema/LandXML-2.0\nLandXML-2.0.xsd\">" +
+      kMetres + "<x:Extra><x:Deep><x:CgPoint>9 9 9</x:CgPoint></x:Deep></x:Extra>" +
+      PointNamed("p") + "</LandXML>");
   EXPECT_EQ(PointName(), "p");
 }
 
 TEST_F(LandXmlLoadFile, MayHaveTextsOnLinesOfTheirOwn) {
-  Load("<Surfaces><Surface name=\"hill\"><Definition><Pnts>\r\n<P id=\"1\">\r\n\t 10\r\n\t 20\r\n"
-       "\t 30\r\n</P><P id=\" 2 \">1\n2\n3</P><P id=\"3\">\n4 5 6 </P></Pnts>"
-       "<Faces><F>\n  1\n  2\n  3\n</F></Faces></Definition></Surface></Surfaces>");
+  Load(
+      "<Surfaces><Surface name=\"hill\"><Definition><Pnts>\r\n<P id=\"1\">\r\n\t 10\r\n\t 20\r\n"
+      "\t 30\r\n</P><P id=\" 2 \">1\n2\n3</P><P id=\"3\">\n4 5 6 </P></Pnts>"
+      "<Faces><F>\n  1\n  2\n  3\n</F></Faces></Definition></Surface></Surfaces>");
   ASSERT_EQ(Surface().GetTris().GetNoTriVrts(), 3);
   ExpectAt(Surface().GetTris().GetTriVrtAt(0), 20, 10, 30);
   EXPECT_EQ(Surface().GetTris().GetNoTris(), 1);

@@ -29,8 +29,9 @@ class LandXmlLoadPoints : public LandXmlLoad {
 };
 
 TEST_F(LandXmlLoadPoints, AreNorthingEastingElevation) {
-  Load("<CgPoints name=\"Vertices\"><CgPoint name=\"V1\">10 20 30</CgPoint>"
-       "<CgPoint name=\"V2\">\n\t-1.5\n\t2e3 +0.25\n</CgPoint></CgPoints>");
+  Load(
+      "<CgPoints name=\"Vertices\"><CgPoint name=\"V1\">10 20 30</CgPoint>"
+      "<CgPoint name=\"V2\">\n\t-1.5\n\t2e3 +0.25\n</CgPoint></CgPoints>");
   EXPECT_EQ(Known().GetGrpArSize(), 1);
   EXPECT_EQ(NamesOf("Vertices"), "V1 V2");
   ExpectAt(Point(0), 20, 10, 30);
@@ -53,17 +54,19 @@ TEST_F(LandXmlLoadPoints, WithoutAnElevationHaveNoneInFeetEither) {
 }
 
 TEST_F(LandXmlLoadPoints, HaveACodeAndADescription) {
-  Load("<CgPoints><CgPoint name=\"p\" code=\"TREE\" desc=\"an old one\">1 2 3</CgPoint>"
-       "<CgPoint name=\"q\" desc=\"corner\">1 2 3</CgPoint></CgPoints>");
+  Load(
+      "<CgPoints><CgPoint name=\"p\" code=\"TREE\" desc=\"an old one\">1 2 3</CgPoint>"
+      "<CgPoint name=\"q\" desc=\"corner\">1 2 3</CgPoint></CgPoints>");
   EXPECT_EQ(Point(0).GetSecScri(), WString("TREE"));
   EXPECT_EQ(Point(0).GetTerScri(), WString("an old one"));
   EXPECT_EQ(Point(1).GetSecScri(), WString("corner"));
 }
 
 TEST_F(LandXmlLoadPoints, OfGroupsInGroupsLieInTheirOwn) {
-  Load("<CgPoints name=\"outer\"><CgPoint name=\"a\">1 1</CgPoint><CgPoints name=\"inner\">"
-       "<CgPoint name=\"b\">2 2</CgPoint></CgPoints><CgPoint name=\"c\">3 3</CgPoint></CgPoints>"
-       "<CgPoints name=\"next\"><CgPoint name=\"d\">4 4</CgPoint></CgPoints>");
+  Load(
+      "<CgPoints name=\"outer\"><CgPoint name=\"a\">1 1</CgPoint><CgPoints name=\"inner\">"
+      "<CgPoint name=\"b\">2 2</CgPoint></CgPoints><CgPoint name=\"c\">3 3</CgPoint></CgPoints>"
+      "<CgPoints name=\"next\"><CgPoint name=\"d\">4 4</CgPoint></CgPoints>");
   EXPECT_EQ(Known().GetGrpArSize(), 3);
   EXPECT_EQ(NamesOf("outer"), "a c");
   EXPECT_EQ(NamesOf("inner"), "b");
@@ -78,15 +81,17 @@ TEST_F(LandXmlLoadPoints, MayHaveNoNameNorTheirGroup) {
 }
 
 TEST_F(LandXmlLoadPoints, OfASurveyAreLoadedToo) {
-  Load("<Survey><SurveyHeader name=\"S\"/><CgPoints name=\"field\"><CgPoint name=\"a\">1 2 3"
-       "</CgPoint></CgPoints></Survey>");
+  Load(
+      "<Survey><SurveyHeader name=\"S\"/><CgPoints name=\"field\"><CgPoint name=\"a\">1 2 3"
+      "</CgPoint></CgPoints></Survey>");
   EXPECT_EQ(NamesOf("field"), "a");
 }
 
 TEST_F(LandXmlLoadPoints, ThatAreNamesOfOthersLieWhereThoseLie) {
-  Load("<CgPoints name=\"g\"><CgPoint name=\"first\" pntRef=\"late\"/>"
-       "<CgPoint name=\"late\">1 2 3</CgPoint><CgPoint name=\"last\" pntRef=\"late\"> </CgPoint>"
-       "<CgPoint name=\"own\" pntRef=\"late\">7 8 9</CgPoint></CgPoints>");
+  Load(
+      "<CgPoints name=\"g\"><CgPoint name=\"first\" pntRef=\"late\"/>"
+      "<CgPoint name=\"late\">1 2 3</CgPoint><CgPoint name=\"last\" pntRef=\"late\"> </CgPoint>"
+      "<CgPoint name=\"own\" pntRef=\"late\">7 8 9</CgPoint></CgPoints>");
   ASSERT_EQ(Known().GetPtnArSize(0), 4);
   for (int i = 0; i < 4; ++i) {
     const bool isOwn = Point(i).GetNome() == WString("own");
@@ -96,9 +101,10 @@ TEST_F(LandXmlLoadPoints, ThatAreNamesOfOthersLieWhereThoseLie) {
 }
 
 TEST_F(LandXmlLoadPoints, WithoutCoordinatesAreToldAndTheOthersAreLoaded) {
-  Load("<CgPoints name=\"g\"><CgPoint name=\"a\"/>\n<CgPoint name=\"b\">1 east</CgPoint>\n"
-       "<CgPoint name=\"c\" pntRef=\"nobody\"/>\n<CgPoint name=\"d\">NaN 1e999</CgPoint>\n"
-       "<CgPoint name=\"e\">1 2 3</CgPoint></CgPoints>");
+  Load(
+      "<CgPoints name=\"g\"><CgPoint name=\"a\"/>\n<CgPoint name=\"b\">1 east</CgPoint>\n"
+      "<CgPoint name=\"c\" pntRef=\"nobody\"/>\n<CgPoint name=\"d\">NaN 1e999</CgPoint>\n"
+      "<CgPoint name=\"e\">1 2 3</CgPoint></CgPoints>");
   EXPECT_EQ(NamesOf("g"), "e");
   EXPECT_TRUE(Told({"line 2", "\"a\""}));
   EXPECT_TRUE(Told({"line 3", "\"b\""}));
@@ -109,8 +115,9 @@ TEST_F(LandXmlLoadPoints, WithoutCoordinatesAreToldAndTheOthersAreLoaded) {
 TEST_F(LandXmlLoadPoints, OfTheJobStayAndAreNotMeant) {
   Known().AddGrp(true)->SetLabels("before", "", "", "");
   Known().AddPtn(0, true)->SetNomCoord("a", "", 100, 200, 300);
-  Load("<CgPoints name=\"g\"><CgPoint name=\"b\" pntRef=\"a\"/><CgPoint name=\"a\">1 2 3</CgPoint>"
-       "</CgPoints>");
+  Load(
+      "<CgPoints name=\"g\"><CgPoint name=\"b\" pntRef=\"a\"/><CgPoint name=\"a\">1 2 3</CgPoint>"
+      "</CgPoints>");
   EXPECT_EQ(NamesOf("before"), "a");
   ExpectAt(Point(0), 100, 200, 300);
   ASSERT_EQ(Known().GetPtnArSize(1), 2);

@@ -140,8 +140,9 @@ TEST_F(LandXmlLoadProfile, SampledGroundIsNoProfile) {
 }
 
 TEST_F(LandXmlLoadProfile, VertexThatIsNoneIsToldAndTheOthersAreLoaded) {
-  LoadProfile("<PVI>0 1</PVI>\n<PVI>9</PVI>\n<ParaCurve length=\"5\">high 4</ParaCurve>"
-              "<PVI>20 1</PVI>");
+  LoadProfile(
+      "<PVI>0 1</PVI>\n<PVI>9</PVI>\n<ParaCurve length=\"5\">high 4</ParaCurve>"
+      "<PVI>20 1</PVI>");
   ASSERT_EQ(MainLine().GetNumVrts(), 2);
   ExpectVertex(1, 20, 1);
   EXPECT_TRUE(Told({"line 6", "PVI"}));

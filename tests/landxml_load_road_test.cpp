@@ -76,7 +76,8 @@ TEST_F(LandXmlLoadRoad, SkipsElementsWithoutLengthButNotTheirPlaceInTheStations)
           "<End>0 10</End></Curve>"
           "<Curve rot=\"cw\" radius=\"0\"><Start>0 10</Start><Center>0 10</Center>"
           "<End>0 10</End></Curve>"
-          "<Spiral rot=\"cw\" length=\"0\" radiusStart=\"INF\" radiusEnd=\"50\" spiType=\"clothoid\">"
+          "<Spiral rot=\"cw\" length=\"0\" radiusStart=\"INF\" radiusEnd=\"50\" "
+          "spiType=\"clothoid\">"
           "<Start>0 10</Start><PI>0 10</PI><End>0 10</End></Spiral>" +
           Line("0 10", "0 30"),
       "staStart=\"5\""));
@@ -114,8 +115,9 @@ TEST_F(LandXmlLoadRoad, IsOneOfSeveral) {
 // ---- Chains of lines ----
 
 TEST_F(LandXmlLoadRoad, IrregularLineIsAChainOfLines) {
-  Load(Alignment("<IrregularLine><Start>0 0</Start><End>10 30</End>"
-                 "<PntList2D>0 10 \n 0 20 10 20</PntList2D></IrregularLine>"));
+  Load(
+      Alignment("<IrregularLine><Start>0 0</Start><End>10 30</End>"
+                "<PntList2D>0 10 \n 0 20 10 20</PntList2D></IrregularLine>"));
   EXPECT_EQ(Kinds(), "SSSS");
   ExpectLine(0, {0, 0}, {10, 0});
   ExpectLine(1, {10, 0}, {20, 0});
@@ -125,8 +127,9 @@ TEST_F(LandXmlLoadRoad, IrregularLineIsAChainOfLines) {
 }
 
 TEST_F(LandXmlLoadRoad, IrregularLineMayHaveElevationsAndItsEndsInItsList) {
-  Load(Alignment("<IrregularLine><Start>0 0</Start><PntList3D>0 0 5 0 10 6 10 10 7</PntList3D>"
-                 "<End>10 10</End></IrregularLine>"));
+  Load(
+      Alignment("<IrregularLine><Start>0 0</Start><PntList3D>0 0 5 0 10 6 10 10 7</PntList3D>"
+                "<End>10 10</End></IrregularLine>"));
   EXPECT_EQ(Kinds(), "SS");
   ExpectLine(0, {0, 0}, {10, 0});
   ExpectLine(1, {10, 0}, {10, 10});
@@ -189,17 +192,19 @@ TEST_F(LandXmlLoadRoad, LineToAPointThatIsNotThereIsTold) {
 // ---- What is told ----
 
 TEST_F(LandXmlLoadRoad, WithoutGeometryIsToldAndNotLoaded) {
-  Load("<Alignments>\n<Alignment name=\"A\"><Profile><ProfAlign><PVI>0 1</PVI><PVI>9 2</PVI>"
-       "</ProfAlign></Profile></Alignment>\n<Alignment name=\"B\"><CoordGeom/></Alignment>"
-       "</Alignments>");
+  Load(
+      "<Alignments>\n<Alignment name=\"A\"><Profile><ProfAlign><PVI>0 1</PVI><PVI>9 2</PVI>"
+      "</ProfAlign></Profile></Alignment>\n<Alignment name=\"B\"><CoordGeom/></Alignment>"
+      "</Alignments>");
   EXPECT_EQ(RoadCount(), 0);
   EXPECT_TRUE(Told({"line 3", "\"A\"", "geometry"}));
   EXPECT_TRUE(Told({"line 4", "\"B\"", "geometry"}));
 }
 
 TEST_F(LandXmlLoadRoad, WithTangentPointsAloneIsToldAndNotLoaded) {
-  Load("<Alignments><Alignment name=\"A\"><AlignPIs><AlignPI><PI>0 0</PI></AlignPI></AlignPIs>"
-       "</Alignment></Alignments>");
+  Load(
+      "<Alignments><Alignment name=\"A\"><AlignPIs><AlignPI><PI>0 0</PI></AlignPI></AlignPIs>"
+      "</Alignment></Alignments>");
   EXPECT_EQ(RoadCount(), 0);
   EXPECT_TRUE(Told({"line 2", "AlignPIs"}));
   EXPECT_TRUE(Told({"line 2", "\"A\"", "geometry"}));

@@ -56,8 +56,8 @@ void ExpectSame(const CEgn& point, const CEgn& written) {
 
 TEST_F(LandXmlRoundTrip, OfNothingIsNothing) {
   GoRound();
-  EXPECT_EQ(Jobs().GetJobArSize() + Gps().GetGrpArSize() + Known().GetGrpArSize() +
-                SurfaceCount() + RoadCount(),
+  EXPECT_EQ(Jobs().GetJobArSize() + Gps().GetGrpArSize() + Known().GetGrpArSize() + SurfaceCount() +
+                RoadCount(),
             0);
 }
 

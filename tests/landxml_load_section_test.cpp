@@ -40,7 +40,8 @@ class LandXmlLoadSections : public LandXmlLoad {
       const CProfileAlti& line = Section(section).GetProfileAlti(i);
       std::string text;
       for (int k = 0; k < line.GetNumVrts(); ++k) Append(text, line.GetVrt(k));
-      const TProfileAltiCode* const code = Road().ProfileCodes().FindSectionAltiCode(line.GetCode());
+      const TProfileAltiCode* const code =
+          Road().ProfileCodes().FindSectionAltiCode(line.GetCode());
       lines.push_back((code == nullptr ? "no code" : code->name.ToUtf8()) + ": " + text);
     }
     return lines;
@@ -52,8 +53,8 @@ const std::string kGround =
     "<CrossSectSurf name=\"GROUND\"><PntList2D>-5 10 5 11</PntList2D></CrossSectSurf>";
 
 TEST_F(LandXmlLoadSections, HaveTheirStationsAndNames) {
-  LoadSections("<CrossSect sta=\"125.5\" name=\"S1\">" + kGround + "</CrossSect><CrossSect sta=\"50\">" +
-               kGround + "</CrossSect>");
+  LoadSections("<CrossSect sta=\"125.5\" name=\"S1\">" + kGround +
+               "</CrossSect><CrossSect sta=\"50\">" + kGround + "</CrossSect>");
   ASSERT_EQ(SectionCount(), 2);
   EXPECT_EQ(Section(0).GetSectionProg(), 125.5);
   EXPECT_EQ(Section(0).GetName(), WString("S1"));
@@ -110,7 +111,8 @@ TEST_F(LandXmlLoadSections, OtherSurfacesAreLinesOfACode) {
 TEST_F(LandXmlLoadSections, SurfacesOfOneNameHaveOneCode) {
   const std::string pavement =
       "<CrossSectSurf name=\"Pavement\"><PntList2D>-3 9 3 9</PntList2D></CrossSectSurf>";
-  const std::string base = "<CrossSectSurf name=\"Base\"><PntList2D>0 1 1 1</PntList2D></CrossSectSurf>";
+  const std::string base =
+      "<CrossSectSurf name=\"Base\"><PntList2D>0 1 1 1</PntList2D></CrossSectSurf>";
   LoadSections("<CrossSect sta=\"1\">" + base + pavement + "</CrossSect><CrossSect sta=\"2\">" +
                pavement + "</CrossSect>");
   EXPECT_EQ(Road().ProfileCodes().Codes().size(), 2U);

@@ -20,7 +20,7 @@ struct Clothoid {
   double tangent;  // from the origin to where the tangents of both ends meet
 };
 void PrintTo(const Clothoid& it, std::ostream* out) { *out << "A " << it.a << " L " << it.length; }
-const Clothoid kShort = {60,    30, 120, 0.125, 29.953158896196, 1.248605604106, 20.016393571};
+const Clothoid kShort = {60, 30, 120, 0.125, 29.953158896196, 1.248605604106, 20.016393571};
 const Clothoid kClothoids[] = {
     kShort,
     {50, 50, 50, 0.5, 48.764384410017, 8.185702368785, 33.780556730},
@@ -110,8 +110,8 @@ TEST_P(LandXmlLoadClothoid, IsAnEntranceWhereItIsStraightFirst) {
 }
 
 TEST_P(LandXmlLoadClothoid, IsAnExitToTheOtherSideWhereItIsDrivenBackwards) {
-  Load(Alignment(Spiral(Radii(Text(it.radius), "INF") + kClothoidType, it.length, !laid.ccw,
-                        curved, straight, pi_)));
+  Load(Alignment(Spiral(Radii(Text(it.radius), "INF") + kClothoidType, it.length, !laid.ccw, curved,
+                        straight, pi_)));
   ExpectClothoid(false, !laid.ccw, laid.Direction(it.turn) + pi, laid.Direction(0) + pi);
 }
 
@@ -172,8 +172,8 @@ TEST_F(LandXmlLoadSpiral, IsStraightWhereItsRadiusIsInfiniteZeroOrHuge) {
 }
 
 TEST_F(LandXmlLoadSpiral, IsInMetres) {
-  Load(Alignment(Spiral(Radii("INF", "120") + kClothoidType, 30, true, {0, 0},
-                        {kShort.x, kShort.y})),
+  Load(Alignment(
+           Spiral(Radii("INF", "120") + kClothoidType, 30, true, {0, 0}, {kShort.x, kShort.y})),
        kFeet);
   EXPECT_NEAR(Only('C').GetLength(), 9.144, 1e-9);
   EXPECT_NEAR(Only('C').GetRadius(9.144), 36.576, 1e-9);

@@ -21,8 +21,8 @@ std::string P(const std::string& id, const std::string& text) {
 }
 
 // A square with the ids 1 to 4.
-const std::string kSquare = P("1", "0 0 5") + P("2", "0 10 6") + P("3", "10 10 7") +
-                            P("4", "10 0 8");
+const std::string kSquare =
+    P("1", "0 0 5") + P("2", "0 10 6") + P("3", "10 10 7") + P("4", "10 0 8");
 
 class LandXmlLoadSurface : public LandXmlLoad {
  protected:
@@ -196,15 +196,16 @@ TEST_F(LandXmlLoadSurface, BreaklineOfFourPointsIsThreeSegments) {
 }
 
 TEST_F(LandXmlLoadSurface, BadListsAreToldAndTheRestIsLoaded) {
-  Load(SurfaceOf("<SourceData><Boundaries>\n"
-                 "<Boundary bndType=\"outer\"><PntList3D>0 0 1 0 9</PntList3D></Boundary>\n"
-                 "<Boundary bndType=\"void\"><PntList2D>0 0 north 9</PntList2D></Boundary>\n"
-                 "<Boundary bndType=\"outer\"><PntList2D>0 0 0 9 9 9</PntList2D></Boundary>\n"
-                 "</Boundaries><Breaklines>\n"
-                 "<Breakline><PntList3D>1 2 3 4</PntList3D></Breakline>\n"
-                 "<Breakline><PntList3D>1 2 3 4 5 6</PntList3D></Breakline>\n"
-                 "</Breaklines></SourceData>" +
-                 Definition(kSquare, "<F>1 2 3</F>")));
+  Load(
+      SurfaceOf("<SourceData><Boundaries>\n"
+                "<Boundary bndType=\"outer\"><PntList3D>0 0 1 0 9</PntList3D></Boundary>\n"
+                "<Boundary bndType=\"void\"><PntList2D>0 0 north 9</PntList2D></Boundary>\n"
+                "<Boundary bndType=\"outer\"><PntList2D>0 0 0 9 9 9</PntList2D></Boundary>\n"
+                "</Boundaries><Breaklines>\n"
+                "<Breakline><PntList3D>1 2 3 4</PntList3D></Breakline>\n"
+                "<Breakline><PntList3D>1 2 3 4 5 6</PntList3D></Breakline>\n"
+                "</Breaklines></SourceData>" +
+                Definition(kSquare, "<F>1 2 3</F>")));
   EXPECT_TRUE(Told({"line 3", "list"}));
   EXPECT_TRUE(Told({"line 4", "list"}));
   EXPECT_TRUE(Told({"line 7", "list"}));

@@ -77,7 +77,8 @@ TEST_F(LandXmlLoadSurvey, WhatWasNotMeasuredIsUndefined) {
 TEST_F(LandXmlLoadSurvey, PointsMayBeNamedWithTheirCoordinatesElsewhere) {
   Load(Survey("<InstrumentSetup id=\"s\" stationName=\"S\"><InstrumentPoint pntRef=\"p\"/>"
               "<RawObservation><TargetPoint pntRef=\"q\"/></RawObservation></InstrumentSetup>") +
-       "<CgPoints><CgPoint name=\"p\">1 2 3</CgPoint><CgPoint name=\"q\">4 5 6</CgPoint></CgPoints>");
+       "<CgPoints><CgPoint name=\"p\">1 2 3</CgPoint><CgPoint name=\"q\">4 5 "
+       "6</CgPoint></CgPoints>");
   ExpectAt(Station(), 2, 1, 3);
   EXPECT_EQ(Station().GetNome(), WString("S"));
   ASSERT_EQ(Targets(), "q");
@@ -99,7 +100,8 @@ const std::string kTwoSetUps =
 
 TEST_F(LandXmlLoadSurvey, GroupsOfObservationsBelongToTheSetUpThatTheyName) {
   Load(Survey(kTwoSetUps + "<ObservationGroup id=\"1\" setupID=\"b\">" + Observation("1", "") +
-              Observation("2", "") + "</ObservationGroup><ObservationGroup id=\"2\" setupID=\"a\">" +
+              Observation("2", "") +
+              "</ObservationGroup><ObservationGroup id=\"2\" setupID=\"a\">" +
               Observation("3", "") + "</ObservationGroup>"));
   ASSERT_EQ(Jobs().GetStaArSize(0), 2);
   EXPECT_EQ(Targets(0), "3");
@@ -166,21 +168,21 @@ TEST_P(LandXmlLoadAngle, IsInGonInTheJob) {
 
 INSTANTIATE_TEST_SUITE_P(
     Each, LandXmlLoadAngle,
-    testing::Values(
-        Angle{"Default", "", "0.7853981633974483", 50},
-        Angle{"Radians", "angularUnit=\"radians\"", "0.7853981633974483", 50},
-        Angle{"Grads", "angularUnit=\"grads\"", "123.4567", 123.4567},
-        Angle{"Degrees", "angularUnit=\"decimal degrees\"", "45", 50},
-        // 45 degrees, 30 minutes, 25 seconds.
-        Angle{"Sexagesimal", "angularUnit=\"decimal dd.mm.ss\"", "45.3025", 50.56327160493827},
-        Angle{"SexagesimalWithTwoBlanks", "angularUnit=\"decimal  dd.mm.ss\"", "45.3025",
-              50.56327160493827},
-        Angle{"SexagesimalSecondsWithDecimals", "angularUnit=\"decimal dd.mm.ss\"", "90.000090",
-              100.00027777777778},
-        Angle{"SexagesimalWholeMinutes", "angularUnit=\"decimal dd.mm.ss\"", "0.54", 1},
-        // Whatever unit directions have.
-        Angle{"NotDirections", "angularUnit=\"grads\" directionUnit=\"decimal degrees\"", "45",
-              45}),
+    testing::Values(Angle{"Default", "", "0.7853981633974483", 50},
+                    Angle{"Radians", "angularUnit=\"radians\"", "0.7853981633974483", 50},
+                    Angle{"Grads", "angularUnit=\"grads\"", "123.4567", 123.4567},
+                    Angle{"Degrees", "angularUnit=\"decimal degrees\"", "45", 50},
+                    // 45 degrees, 30 minutes, 25 seconds.
+                    Angle{"Sexagesimal", "angularUnit=\"decimal dd.mm.ss\"", "45.3025",
+                          50.56327160493827},
+                    Angle{"SexagesimalWithTwoBlanks", "angularUnit=\"decimal  dd.mm.ss\"",
+                          "45.3025", 50.56327160493827},
+                    Angle{"SexagesimalSecondsWithDecimals", "angularUnit=\"decimal dd.mm.ss\"",
+                          "90.000090", 100.00027777777778},
+                    Angle{"SexagesimalWholeMinutes", "angularUnit=\"decimal dd.mm.ss\"", "0.54", 1},
+                    // Whatever unit directions have.
+                    Angle{"NotDirections",
+                          "angularUnit=\"grads\" directionUnit=\"decimal degrees\"", "45", 45}),
     [](const auto& it) { return std::string(it.param.name); });
 
 TEST_F(LandXmlLoadSurvey, UnknownUnitOfAnglesIsTold) {
