@@ -44,7 +44,7 @@ class LandXmlLoadDamage : public LandXmlLoad {
 // ---- Files that are cut off ----
 
 TEST_F(LandXmlLoadDamage, WholeDocumentsAreLoaded) {
-  for (const int times : {1, 10}) {
+  for (const int times : {1, 12}) {
     HostDocument job;
     exchange_test::WriteFile(Path(), FullDocument(times));
     EXPECT_FALSE(LoadLandXml(Path(), job).empty());
@@ -61,7 +61,7 @@ TEST_F(LandXmlLoadDamage, SmallDocumentCutAtAnyByteIsRefusedWithItsLine) {
 }
 
 TEST_F(LandXmlLoadDamage, DocumentCutAtAnyKilobyteIsRefusedWithItsLine) {
-  const std::string bytes = FullDocument(10);
+  const std::string bytes = FullDocument(12);
   ASSERT_GT(bytes.size(), 30'000U);
   CutEvery(1024, bytes);
 }

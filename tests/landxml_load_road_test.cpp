@@ -171,6 +171,15 @@ TEST_F(LandXmlLoadRoad, PointsMayBeNamedBeforeTheyCome) {
   ExpectLine(1, {10, 0}, {10, 10});
 }
 
+TEST_F(LandXmlLoadRoad, PointsThatAreNamesOfOthersMayBeNamed) {
+  Load(
+      "<CgPoints><CgPoint name=\"p\" pntRef=\"late\"/><CgPoint name=\"late\">0 0</CgPoint>"
+      "<CgPoint name=\"q\">0 10</CgPoint></CgPoints>" +
+      Alignment("<Line><Start pntRef=\"p\"/><End pntRef=\"q\"/></Line>"));
+  EXPECT_EQ(Kinds(), "S");
+  ExpectLine(0, {0, 0}, {10, 0});
+}
+
 TEST_F(LandXmlLoadRoad, PointsOfASurveyMayBeNamed) {
   Load("<Survey><SurveyHeader name=\"S\"/>" + kPoints + "</Survey>" + Alignment(kByName));
   EXPECT_EQ(Kinds(), "SS");

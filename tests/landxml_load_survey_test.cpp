@@ -137,6 +137,11 @@ TEST_F(LandXmlLoadSurvey, ObservationsOfASetUpThatIsNotThereAreTold) {
   EXPECT_TRUE(Told({"line 4", "set-up"}));
 }
 
+TEST_F(LandXmlLoadSurvey, ObservationsWithoutAnySetUpAreTold) {
+  Load(Survey("<ObservationGroup setupID=\"c\">\n" + Observation("1", "") + "</ObservationGroup>"));
+  EXPECT_TRUE(Told({"line 4", "set-up"}));
+}
+
 TEST_F(LandXmlLoadSurvey, SeveralSurveysAreSeveralJobs) {
   Load(Survey(kSetUp) + "<Survey><SurveyHeader name=\"K\"/>" + kTwoSetUps + "</Survey>");
   ASSERT_EQ(Jobs().GetJobArSize(), 2);

@@ -88,9 +88,11 @@ void ElementReader::Refuse(const XmlElement& element, const tdk::WString& why) {
                        Fill(Xlate("{1} is left out: {2}"), {tdk::WString(element.name), why}));
 }
 
+// What has no length is left out in silence, and numbers beyond all measure make nothing.
 void ElementReader::Add(std::unique_ptr<CPlaniElem> element, double length) {
-  if (length >= kNoLength) elements_.push_back(std::move(element));
-  prog_ += length;
+  const double ownLength = element->GetLength();
+  if (ownLength >= kNoLength && std::isfinite(ownLength)) elements_.push_back(std::move(element));
+  if (std::isfinite(length)) prog_ += length;
 }
 
 void ElementReader::AddLine(const Ends& ends) {

@@ -37,7 +37,7 @@ void PointReader::TakePoint(const XmlElement& point) {
 
 // The code is what the host calls the second description; a description takes its place where there
 // is no code.
-void PointReader::Add(int group, const XmlElement& element, const Point& place) {
+const CPunPnt& PointReader::Add(int group, const XmlElement& element, const Point& place) {
   CPunPnt& point = context_.Added(library_.AddPtn(group, false));
   const std::string* const code = element.Find("code");
   const tdk::WString description = NameOf(element.Value("desc"));
@@ -46,12 +46,14 @@ void PointReader::Add(int group, const XmlElement& element, const Point& place) 
                     code != nullptr ? NameOf(*code) : description, place.getX(), place.getY(),
                     place.getZ());
   if (code != nullptr) point.SetTerScri(description);
+  return point;
 }
 
 void PointReader::Finish() {
   for (const Reference& reference : references_) {
     if (const auto place = Find(reference.name)) {
-      Add(reference.group, reference.element, *place);
+      const CPunPnt& added = Add(reference.group, reference.element, *place);
+      byName_.emplace(added.NameUtf8(), &added);  // others may name this one in turn
     } else {
       context_.remarks.Add(reference.element.line, Fill(Xlate("there is no point \"{1}\""),
                                                         {tdk::WString(reference.name)}));
@@ -62,7 +64,7 @@ void PointReader::Finish() {
 
 std::optional<Point> PointReader::Find(std::string_view name) {
   IndexNames();
-  const auto found = byName_.find(name);
+  const auto found = byName_.find(NameOf(name).ToUtf8());
   if (found == byName_.end()) return std::nullopt;
   const CPunPnt& point = *found->second;
   return Point(point.GetCoordX(), point.GetCoordY(), point.GetCoordZ());

@@ -38,7 +38,7 @@ class PointReader : public PointFinder {
   };
 
   int GroupOf(OpenGroup& open);
-  void Add(int group, const XmlElement& element, const Point& place);
+  const CPunPnt& Add(int group, const XmlElement& element, const Point& place);
   void IndexNames();
 
   LoadContext& context_;

@@ -1,5 +1,8 @@
 #include <strings.h>
 
+#include <unordered_map>
+#include <utility>
+
 #include "host/landxml/profile_reader.h"
 #include "services/translate.h"
 
@@ -19,102 +22,110 @@ bool IsGround(const XmlElement& surface) {
   return false;
 }
 
-// Lists of one surface, one piece each; an undefined vertex stands between two pieces.
+// The vertices of one line; an undefined one stands between two pieces.
 class Pieces {
  public:
-  Pieces(LoadContext& context, std::vector<TAltiVrt>& vertices)
-      : context_(context), vertices_(vertices) {}
+  explicit Pieces(LoadContext& context) : context_(&context) {}
 
-  void Take(const XmlElement& list) {
+  void Take(const XmlElement& surface) {
+    isNew_ = true;
+    for (const XmlElement& child : surface.children) {
+      if (child.name == "PntList2D") TakeList(child);
+      if (child.name == "CrossSectPnt") TakePoint(child);
+    }
+  }
+  const std::vector<TAltiVrt>& Vertices() const { return vertices_; }
+
+ private:
+  // A piece of its own.
+  void TakeList(const XmlElement& list) {
     const auto numbers = Numbers(list.text);
     if (!numbers || numbers->size() % 2 != 0) {
-      context_.remarks.Add(list.line, Xlate("this is no list of points, so it is left out"));
+      context_->remarks.Add(list.line, Xlate("this is no list of points, so it is left out"));
       return;
     }
-    BeginPiece();
+    isNew_ = true;
     for (std::size_t i = 0; i < numbers->size(); i += 2) Add((*numbers)[i], (*numbers)[i + 1]);
   }
 
   void TakePoint(const XmlElement& point) {
     const auto numbers = Numbers(point.text);
     const std::string_view format = point.Value("dataFormat");
-    if (!numbers || numbers->size() != 2 || (!format.empty() && format != "Offset Elevation")) {
-      context_.remarks.Add(
-          point.line, Fill(Xlate("{1} is left out: {2}"),
-                           {tdk::WString(point.name), Xlate("it is no offset and elevation")}));
+    if (numbers && numbers->size() == 2 && (format.empty() || format == "Offset Elevation")) {
+      Add((*numbers)[0], (*numbers)[1]);
       return;
     }
-    Add((*numbers)[0], (*numbers)[1]);
+    context_->remarks.Add(point.line,
+                          Fill(Xlate("{1} is left out: {2}"),
+                               {tdk::WString(point.name), Xlate("it is no offset and elevation")}));
   }
 
-  void BeginPiece() {
-    if (!vertices_.empty()) vertices_.emplace_back();
+  void Add(double distance, double height) {
+    if (std::exchange(isNew_, false) && !vertices_.empty()) vertices_.emplace_back();
+    const double metres = context_->units.metres;
+    vertices_.push_back({distance * metres, height * metres});
+  }
+
+  LoadContext* context_;
+  std::vector<TAltiVrt> vertices_;
+  bool isNew_ = true;  // the next vertex begins a piece
+};
+
+class SectionReader {
+ public:
+  SectionReader(CRoad& road, LoadContext& context) : road_(road), context_(context) {}
+
+  void Read(const XmlElement& element) {
+    const auto station = LengthOf(element, "sta", context_.units);
+    if (!station) {
+      context_.remarks.Add(element.line,
+                           Fill(Xlate("{1} is left out: {2}"),
+                                {tdk::WString(element.name), Xlate("it has no station")}));
+      return;
+    }
+    CProfile& section = road_.GetRoadProfile()->AddSection();
+    section.SetSectionProg(*station);
+    section.SetName(NameOf(element.Value("name")));
+    Pieces ground(context_);
+    std::vector<std::pair<int, Pieces>> lines;  // with their codes
+    for (const XmlElement& surface : element.children) {
+      if (surface.name == "CrossSectSurf" && IsGround(surface)) {
+        ground.Take(surface);
+      } else if (surface.name == "CrossSectSurf" || surface.name == "DesignCrossSectSurf") {
+        // A line with gaps comes as several surfaces of one name.
+        const int code = CodeOf(NameOf(surface.Value("name")).ToUtf8());
+        if (lines.empty() || lines.back().first != code) lines.emplace_back(code, context_);
+        lines.back().second.Take(surface);
+      }
+    }
+    for (const TAltiVrt& vertex : ground.Vertices()) section.AddTerrVrt(vertex);
+    for (const auto& [code, pieces] : lines) {
+      CProfileAlti& line = section.AddProfileAlti(code, /*terrain=*/false);
+      for (const TAltiVrt& vertex : pieces.Vertices()) line.AddVrt(vertex);
+    }
   }
 
  private:
-  void Add(double distance, double height) {
-    vertices_.push_back({distance * context_.units.metres, height * context_.units.metres});
-  }
-
-  LoadContext& context_;
-  std::vector<TAltiVrt>& vertices_;
-};
-
-void TakeSurface(const XmlElement& surface, Pieces& pieces) {
-  bool hasPoints = false;
-  for (const XmlElement& child : surface.children) {
-    if (child.name == "PntList2D") pieces.Take(child);
-    if (child.name != "CrossSectPnt") continue;
-    if (!hasPoints) pieces.BeginPiece();
-    hasPoints = true;
-    pieces.TakePoint(child);
-  }
-}
-
-// Codes are numbered as their names come.
-int CodeOf(const tdk::WString& name, CLibProfile& codes) {
-  for (const TProfileAltiCode& code : codes.Codes()) {
-    if (code.name == name) return code.code;
-  }
-  const int code = static_cast<int>(codes.Codes().size()) + 1;
-  codes.AddSectionAltiCode(code, name);
-  return code;
-}
-
-void ReadSection(const XmlElement& element, CRoad& road, LoadContext& context) {
-  const auto station = LengthOf(element, "sta", context.units);
-  if (!station) {
-    context.remarks.Add(element.line,
-                        Fill(Xlate("{1} is left out: {2}"),
-                             {tdk::WString(element.name), Xlate("it has no station")}));
-    return;
-  }
-  CProfile& section = road.GetRoadProfile()->AddSection();
-  section.SetSectionProg(*station);
-  section.SetName(NameOf(element.Value("name")));
-  std::vector<TAltiVrt> ground;
-  Pieces groundPieces(context, ground);
-  for (const XmlElement& surface : element.children) {
-    if (surface.name != "CrossSectSurf" && surface.name != "DesignCrossSectSurf") continue;
-    if (surface.name == "CrossSectSurf" && IsGround(surface)) {
-      TakeSurface(surface, groundPieces);
-      continue;
+  // Codes are numbered as their names come.
+  int CodeOf(const std::string& name) {
+    const auto [found, isNew] = codes_.emplace(name, static_cast<int>(codes_.size()) + 1);
+    if (isNew) {
+      road_.ProfileCodes().AddSectionAltiCode(found->second, tdk::WString(std::string_view(name)));
     }
-    std::vector<TAltiVrt> vertices;
-    Pieces pieces(context, vertices);
-    TakeSurface(surface, pieces);
-    const int code = CodeOf(NameOf(surface.Value("name")), road.ProfileCodes());
-    CProfileAlti& line = section.AddProfileAlti(code, /*terrain=*/false);
-    for (const TAltiVrt& vertex : vertices) line.AddVrt(vertex);
+    return found->second;
   }
-  for (const TAltiVrt& vertex : ground) section.AddTerrVrt(vertex);
-}
+
+  CRoad& road_;
+  LoadContext& context_;
+  std::unordered_map<std::string, int> codes_;
+};
 
 }  // namespace
 
 void ReadCrossSections(const XmlElement& sections, CRoad& road, LoadContext& context) {
+  SectionReader reader(road, context);
   for (const XmlElement& section : sections.children) {
-    if (section.name == "CrossSect") ReadSection(section, road, context);
+    if (section.name == "CrossSect") reader.Read(section);
   }
 }
 

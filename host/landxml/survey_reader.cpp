@@ -74,6 +74,12 @@ class SetUpReader {
   std::unordered_map<std::string_view, CSta*> stations_;  // by the ids of their set-ups
 };
 
+// Observations without any set-up are told one by one as such.
+bool HasObservations(const XmlElement& survey) {
+  return survey.Child("InstrumentSetup") != nullptr ||
+         survey.Child("ObservationGroup") != nullptr || survey.Child("RawObservation") != nullptr;
+}
+
 }  // namespace
 
 tdk::WString SurveyName(const XmlElement& survey) {
@@ -93,11 +99,11 @@ void StorePoint(const XmlElement* element, PointFinder& points, const Units& uni
 }
 
 void ReadSetUps(const XmlElement& survey, PointFinder& points, LoadContext& context) {
-  if (survey.Child("InstrumentSetup") != nullptr) SetUpReader(points, context).Read(survey);
+  if (HasObservations(survey)) SetUpReader(points, context).Read(survey);
 }
 
 void ReadSurvey(const XmlElement& survey, PointFinder& points, LoadContext& context) {
-  const bool hasSetUp = survey.Child("InstrumentSetup") != nullptr;
+  const bool hasSetUp = HasObservations(survey);
   const bool hasPosition =
       survey.Child("GPSPosition") != nullptr || survey.Child("GPSSetup") != nullptr;
   if (!hasSetUp && !hasPosition) {

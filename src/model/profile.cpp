@@ -77,11 +77,10 @@ CProfileAlti& CProfile::AddProfileAlti(int code, bool terrain) {
 }
 
 const TProfileAltiCode* CLibProfile::FindSectionAltiCode(int code) const {
-  const auto found = std::find_if(codes_.begin(), codes_.end(),
-                                  [&](const TProfileAltiCode& it) { return it.code == code; });
-  return found == codes_.end() ? nullptr : &*found;
+  const auto found = positions_.find(code);
+  return found == positions_.end() ? nullptr : &codes_[found->second];
 }
 
 void CLibProfile::AddSectionAltiCode(int code, const tdk::WString& name) {
-  if (FindSectionAltiCode(code) == nullptr) codes_.push_back({code, name});
+  if (positions_.emplace(code, codes_.size()).second) codes_.push_back({code, name});
 }

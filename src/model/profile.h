@@ -3,6 +3,7 @@
 
 #include <memory>
 #include <optional>
+#include <unordered_map>
 #include <vector>
 
 #include "model/compact_text.h"
@@ -124,4 +125,5 @@ class CLibProfile : public TargetDrawingHolder {
 
  private:
   std::vector<TProfileAltiCode> codes_;
+  std::unordered_map<int, std::size_t> positions_;  // of codes
 };
