@@ -1,7 +1,5 @@
 #include "host/landxml/element_reader.h"
 
-#include <strings.h>
-
 #include <cmath>
 #include <numbers>
 
@@ -46,7 +44,8 @@ std::optional<double> CurvatureOf(const XmlElement& element, std::string_view at
                                   const Units& units) {
   const std::string* const text = element.Find(attribute);
   if (text == nullptr) return std::nullopt;
-  if (strncasecmp(text->c_str(), "inf", 3) == 0) return 0;
+  // "INF", "Infinity", "1.#INF": programs spell it as their library does.
+  if (text->find_first_of("iI") != std::string::npos) return 0;
   const auto radius = LengthOf(element, attribute, units);
   if (!radius) return std::nullopt;
   const double size = std::abs(*radius);
@@ -196,7 +195,10 @@ void ElementReader::AddArcOfRadius(const XmlElement& element, const Ends& ends, 
     return;
   }
   double sweep = 2 * std::asin(std::min(1.0, chord / (2 * radius)));
-  if (LengthOf(element, "length", context_.units).value_or(0) > pi * radius) sweep = 2 * pi - sweep;
+  const auto delta = NumberOf(element, "delta");
+  const double length = LengthOf(element, "length", context_.units)
+                            .value_or(delta ? context_.units.Radians(*delta) * radius : 0);
+  if (length > pi * radius) sweep = 2 * pi - sweep;
   const double turn = ccw ? sweep : -sweep;
   const VECTOR_2D tangent = FromAngle(DirectionOf(ends.start, ends.end) - turn / 2);
   Add(std::make_unique<CArcPlaniElem>(prog_, ends.start, tangent, radius, sweep, ccw),

@@ -2,6 +2,8 @@
 #include <cmath>
 #include <limits>
 #include <numbers>
+#include <unordered_map>
+#include <utility>
 
 #include "host/landxml/survey_reader.h"
 
@@ -34,13 +36,15 @@ constexpr CovarianceTerm kCovariance[] = {
     {"covarianceXZ", &CPunGps::SetPosCov_xz}, {"covarianceYY", &CPunGps::SetPosCov_yy},
     {"covarianceYZ", &CPunGps::SetPosCov_yz}, {"covarianceZZ", &CPunGps::SetPosCov_zz}};
 
-void ReadQuality(const XmlElement& quality, CPunGps& point) {
+void ReadQuality(const XmlElement& quality, const Units& units, CPunGps& point) {
   const std::string_view word = quality.Value("GPSSolnType");
   for (const SolutionWord& known : kSolutions) {
     if (known.word == word) point.SetQua(known.quality);
   }
   for (const CovarianceTerm& term : kCovariance) {
-    if (const auto value = NumberOf(quality, term.attribute)) (point.*term.set)(ToSingle(*value));
+    if (const auto value = NumberOf(quality, term.attribute)) {
+      (point.*term.set)(ToSingle(*value * units.metres * units.metres));
+    }
   }
   constexpr double kMost = std::numeric_limits<std::uint8_t>::max();
   const double satellites = NumberOf(quality, "nbrSatellites").value_or(0);
@@ -65,33 +69,69 @@ void ReadRover(const XmlElement& position, PointFinder& points, const Units& uni
   point.SetLong(RadiansOf(position, "wgsLongitude"));
   point.SetElev(HeightOf(position, units));
   for (const char* const name : {"GPSQCInfoLevel1", "GPSQCInfoLevel2"}) {
-    if (const XmlElement* const quality = position.Child(name)) ReadQuality(*quality, point);
+    if (const XmlElement* const quality = position.Child(name)) ReadQuality(*quality, units, point);
   }
 }
 
-}  // namespace
+// Each set-up is a base with a group of its own.
+class GpsReader {
+ public:
+  GpsReader(PointFinder& points, LoadContext& context)
+      : points_(points), context_(context), library_(*context.document.GetLibGps()) {}
 
-// Positions may stand in the set-up that they were measured from; its first is the base's own.
-void ReadGpsPositions(const XmlElement& survey, PointFinder& points, LoadContext& context) {
-  const XmlElement* const base = survey.Child("GPSSetup");
-  if (base == nullptr && survey.Child("GPSPosition") == nullptr) return;
-  CLibGps& library = *context.document.GetLibGps();
-  CGrpGps& group = context.Added(library.AddGrp(false));
-  const int index = library.GetGrpArSize() - 1;
-  group.SetNomeGrp(SurveyName(survey));
-  if (base != nullptr) ReadBase(*base, points, context.units, group);
-  const auto take = [&](const XmlElement& position) {
-    ReadRover(position, points, context.units, context.Added(library.AddPun(index, false)));
-  };
-  for (const XmlElement& child : survey.children) {
-    if (child.name == "GPSPosition") take(child);
-    if (child.name != "GPSSetup") continue;
-    bool isBase = &child == base;
-    for (const XmlElement& position : child.children) {
-      if (position.name != "GPSPosition") continue;
-      if (!std::exchange(isBase, false)) take(position);
+  void Read(const XmlElement& survey) {
+    name_ = SurveyName(survey);
+    for (const XmlElement& child : survey.children) {
+      if (child.name == "GPSSetup") AddGroup(child);
+    }
+    for (const XmlElement& child : survey.children) {
+      if (child.name == "GPSPosition") TakeRover(child, GroupOf(child));
     }
   }
+
+ private:
+  int NewGroup() {
+    context_.Added(library_.AddGrp(false)).SetNomeGrp(name_);
+    return library_.GetGrpArSize() - 1;
+  }
+
+  // The first position in a set-up is the base's own.
+  void AddGroup(const XmlElement& setUp) {
+    const int index = NewGroup();
+    if (first_ < 0) first_ = index;
+    groups_.emplace(setUp.Value("id"), index);
+    ReadBase(setUp, points_, context_.units, *library_.GetGrpAt(index));
+    bool isBase = true;
+    for (const XmlElement& position : setUp.children) {
+      if (position.name != "GPSPosition") continue;
+      if (!std::exchange(isBase, false)) TakeRover(position, index);
+    }
+  }
+
+  // A position that names no set-up is taken for one of the first.
+  int GroupOf(const XmlElement& position) {
+    const auto found = groups_.find(position.Value("setupID"));
+    if (found != groups_.end()) return found->second;
+    if (first_ < 0) first_ = NewGroup();
+    return first_;
+  }
+
+  void TakeRover(const XmlElement& position, int group) {
+    ReadRover(position, points_, context_.units, context_.Added(library_.AddPun(group, false)));
+  }
+
+  PointFinder& points_;
+  LoadContext& context_;
+  CLibGps& library_;
+  tdk::WString name_;
+  std::unordered_map<std::string_view, int> groups_;  // by the ids of set-ups
+  int first_ = -1;
+};
+
+}  // namespace
+
+void ReadGpsPositions(const XmlElement& survey, PointFinder& points, LoadContext& context) {
+  GpsReader(points, context).Read(survey);
 }
 
 }  // namespace landxml_load

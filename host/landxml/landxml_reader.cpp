@@ -78,7 +78,7 @@ const LandXmlReader::Rule LandXmlReader::kRules[] = {
     {Place::kBoundaries, "Boundary", Place::kElement, nullptr, nullptr, &R::TakeBoundary},
     {Place::kSource, "Breaklines", Place::kBreaklines, nullptr, nullptr, nullptr},
     {Place::kBreaklines, "Breakline", Place::kElement, nullptr, nullptr, &R::TakeBreakline},
-    {Place::kSurface, "Definition", Place::kDefinition, nullptr, nullptr, nullptr},
+    {Place::kSurface, "Definition", Place::kDefinition, &R::BeginDefinition, nullptr, nullptr},
     {Place::kDefinition, "Pnts", Place::kPoints, nullptr, nullptr, nullptr},
     {Place::kDefinition, "Faces", Place::kFaces, nullptr, nullptr, nullptr},
     {Place::kDefinition, "FACES", Place::kFaces, nullptr, nullptr, nullptr},
@@ -206,6 +206,11 @@ void LandXmlReader::BeginFace(const XmlTag& tag) {
 
 void LandXmlReader::TakeUnits(XmlElement& element) {
   context_.units = ReadUnits(element, context_.remarks);
+  if (!context_.units.isKnown && element.name == "Imperial") {
+    stream_.Fail(
+        Fill(Xlate("the unit \"{1}\" is not known"), {tdk::WString(element.Value("linearUnit"))})
+            .ToUtf8());
+  }
   const bool isLate = hasGeometry_ && context_.units.metres != 1;
   if (isLate) stream_.Fail(Xlate("the units come after points that are in them").ToUtf8());
 }
@@ -225,7 +230,8 @@ void LandXmlReader::Finish() {
     context_.remarks.Add(notLoaded.line, Fill(Xlate("{1} is not loaded ({2})"),
                                               {tdk::WString(name), InWords(notLoaded.count)}));
   }
-  if (!context_.units.isDeclared) {
+  const bool hasAnything = hasGeometry_ || !roads_.empty() || !surveys_.empty();
+  if (hasAnything && !context_.units.isDeclared) {
     context_.remarks.Add(Xlate("the file declares no units; metres are assumed"));
   }
 }

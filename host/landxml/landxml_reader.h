@@ -72,6 +72,7 @@ class LandXmlReader : public XmlEvents {
   void EndGroup() { points_.EndGroup(); }
   void BeginSurface(const XmlTag& tag);
   void EndSurface() { surface_.End(); }
+  void BeginDefinition(const XmlTag& /*tag*/) { surface_.BeginDefinition(); }
   void BeginPoint(const XmlTag& tag);
   void EndPoint() { surface_.EndPoint(text_); }
   void BeginFace(const XmlTag& tag);

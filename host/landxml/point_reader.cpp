@@ -49,20 +49,38 @@ const CPunPnt& PointReader::Add(int group, const XmlElement& element, const Poin
   return point;
 }
 
+// A reference may lead to another one, which may come later; a ring of them leads nowhere.
+std::optional<Point> PointReader::Follow(std::string_view name) {
+  for (std::size_t steps = 0; steps <= references_.size(); ++steps) {
+    if (const auto place = FindAdded(name)) return place;
+    const auto next = referenceOf_.find(NameOf(name).ToUtf8());
+    if (next == referenceOf_.end()) return std::nullopt;
+    name = references_[next->second].name;
+  }
+  return std::nullopt;
+}
+
 void PointReader::Finish() {
+  for (std::size_t i = 0; i < references_.size(); ++i) {
+    const std::string* const name = references_[i].element.Find("name");
+    if (name != nullptr) referenceOf_.emplace(NameOf(*name).ToUtf8(), i);
+  }
   for (const Reference& reference : references_) {
-    if (const auto place = Find(reference.name)) {
+    if (const auto place = Follow(reference.name)) {
       const CPunPnt& added = Add(reference.group, reference.element, *place);
-      byName_.emplace(added.NameUtf8(), &added);  // others may name this one in turn
+      byName_.emplace(added.NameUtf8(), &added);  // which also keeps ways short
     } else {
       context_.remarks.Add(reference.element.line, Fill(Xlate("there is no point \"{1}\""),
                                                         {tdk::WString(reference.name)}));
     }
   }
+  referenceOf_.clear();
   references_.clear();
 }
 
-std::optional<Point> PointReader::Find(std::string_view name) {
+std::optional<Point> PointReader::Find(std::string_view name) { return FindAdded(name); }
+
+std::optional<Point> PointReader::FindAdded(std::string_view name) {
   IndexNames();
   const auto found = byName_.find(NameOf(name).ToUtf8());
   if (found == byName_.end()) return std::nullopt;

@@ -39,6 +39,8 @@ class PointReader : public PointFinder {
 
   int GroupOf(OpenGroup& open);
   const CPunPnt& Add(int group, const XmlElement& element, const Point& place);
+  std::optional<Point> FindAdded(std::string_view name);
+  std::optional<Point> Follow(std::string_view name);
   void IndexNames();
 
   LoadContext& context_;
@@ -46,6 +48,7 @@ class PointReader : public PointFinder {
   int firstGroup_;
   std::vector<OpenGroup> open_;
   std::vector<Reference> references_;
+  std::unordered_map<std::string, std::size_t> referenceOf_;  // by the names that they give
   bool isIndexed_ = false;
   std::unordered_map<std::string_view, const CPunPnt*> byName_;  // names are the library's
 };

@@ -52,8 +52,12 @@ std::optional<TRaccVert> CurveAt(const std::vector<Vertex>& vertices, std::size_
                                  LoadContext& context) {
   const Vertex& vertex = vertices[i];
   const XmlElement& element = *vertex.element;
-  // A curve needs a grade on either side.
-  if (element.name == "PVI" || i == 0 || i + 1 == vertices.size()) return std::nullopt;
+  if (element.name == "PVI") return std::nullopt;
+  if (i == 0 || i + 1 == vertices.size()) {
+    context.remarks.Add(element.line,
+                        Xlate("a vertical curve at the end of a profile is a plain vertex"));
+    return std::nullopt;
+  }
   std::optional<TRaccVert> curve;
   if (element.name == "ParaCurve") {
     if (const auto length = LengthOf(element, "length", context.units)) {
@@ -69,7 +73,8 @@ std::optional<TRaccVert> CurveAt(const std::vector<Vertex>& vertices, std::size_
     context.remarks.Add(element.line,
                         Xlate("a circular vertical curve becomes a parabola with the same ends"));
   }
-  if (!curve) {
+  if (!curve || !(curve->end >= curve->start)) {
+    curve.reset();
     context.remarks.Add(element.line, Fill(Xlate("{1} has no length, so it is a plain vertex"),
                                            {tdk::WString(element.name)}));
   }
@@ -80,6 +85,7 @@ std::optional<TRaccVert> CurveAt(const std::vector<Vertex>& vertices, std::size_
 
 void ReadProfile(const XmlElement& profile, CRoad& road, LoadContext& context) {
   const std::vector<Vertex> vertices = VerticesOf(profile, context);
+  if (vertices.empty()) return;
   CProfileAlti& line = road.GetRoadProfile()->MakeMainPrjAlti();
   for (std::size_t i = 0; i < vertices.size(); ++i) {
     line.AddVrt({vertices[i].station, vertices[i].height, /*isPrincipal=*/true,

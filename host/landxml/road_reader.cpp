@@ -10,7 +10,8 @@ namespace {
 void ReadProfiles(const XmlElement& profile, CRoad& road, LoadContext& context) {
   for (const XmlElement& line : profile.children) {
     if (line.name != "ProfAlign") continue;
-    if (road.GetRoadProfile()->GetMainPrjAlti() == nullptr) {
+    const CProfileAlti* const main = road.GetRoadProfile()->GetMainPrjAlti();
+    if (main == nullptr || main->IsEmpty()) {
       ReadProfile(line, road, context);
     } else {
       context.remarks.Add(

@@ -1,5 +1,6 @@
 #include <strings.h>
 
+#include <optional>
 #include <unordered_map>
 #include <utility>
 
@@ -32,6 +33,7 @@ class Pieces {
     for (const XmlElement& child : surface.children) {
       if (child.name == "PntList2D") TakeList(child);
       if (child.name == "CrossSectPnt") TakePoint(child);
+      if (child.name == "PntList3D") Refuse(child);
     }
   }
   const std::vector<TAltiVrt>& Vertices() const { return vertices_; }
@@ -41,11 +43,15 @@ class Pieces {
   void TakeList(const XmlElement& list) {
     const auto numbers = Numbers(list.text);
     if (!numbers || numbers->size() % 2 != 0) {
-      context_->remarks.Add(list.line, Xlate("this is no list of points, so it is left out"));
+      Refuse(list);
       return;
     }
     isNew_ = true;
     for (std::size_t i = 0; i < numbers->size(); i += 2) Add((*numbers)[i], (*numbers)[i + 1]);
+  }
+
+  void Refuse(const XmlElement& list) {
+    context_->remarks.Add(list.line, Xlate("this is no list of points, so it is left out"));
   }
 
   void TakePoint(const XmlElement& point) {
@@ -73,7 +79,12 @@ class Pieces {
 
 class SectionReader {
  public:
-  SectionReader(CRoad& road, LoadContext& context) : road_(road), context_(context) {}
+  SectionReader(CRoad& road, LoadContext& context) : road_(road), context_(context) {
+    // A road may have several collections of sections.
+    for (const TProfileAltiCode& code : road.ProfileCodes().Codes()) {
+      codes_.emplace(code.name.ToUtf8(), code.code);
+    }
+  }
 
   void Read(const XmlElement& element) {
     const auto station = LengthOf(element, "sta", context_.units);
@@ -87,9 +98,13 @@ class SectionReader {
     section.SetSectionProg(*station);
     section.SetName(NameOf(element.Value("name")));
     Pieces ground(context_);
-    std::vector<std::pair<int, Pieces>> lines;  // with their codes
+    std::vector<std::pair<int, Pieces>> lines;   // with their codes
+    std::optional<std::string_view> groundName;  // another existing surface is no ground
     for (const XmlElement& surface : element.children) {
-      if (surface.name == "CrossSectSurf" && IsGround(surface)) {
+      const std::string_view name = surface.Value("name");
+      if (surface.name == "CrossSectSurf" && IsGround(surface) &&
+          groundName.value_or(name) == name) {
+        groundName = name;
         ground.Take(surface);
       } else if (surface.name == "CrossSectSurf" || surface.name == "DesignCrossSectSurf") {
         // A line with gaps comes as several surfaces of one name.

@@ -31,6 +31,8 @@ void SurfaceReader::End() {
        Xlate("surface \"{1}\": points without a number or without coordinates are left out ({2})"));
   Tell(left_.pointsWithoutElevation,
        Xlate("surface \"{1}\": points without an elevation are put at 0 ({2})"));
+  Tell(left_.doubleIds,
+       Xlate("surface \"{1}\": points with the id of an earlier one are in no face ({2})"));
 }
 
 // The points of all lists in an element. Nothing, with a remark, when one is no list of points.
@@ -56,9 +58,15 @@ std::optional<std::vector<Point>> SurfaceReader::PointsOf(const XmlElement& elem
 
 // An outer boundary, or a hole: the host has one kind of those.
 void SurfaceReader::TakeBoundary(const XmlElement& boundary) {
+  const std::string_view type = boundary.Value("bndType");
+  const bool isOuter = type == "outer";
+  if (!isOuter && type != "void" && type != "island") {
+    context_.remarks.Add(
+        boundary.line, Fill(Xlate("a boundary of type \"{1}\" is left out"), {tdk::WString(type)}));
+    return;
+  }
   const auto points = PointsOf(boundary);
   if (!points || points->empty()) return;
-  const bool isOuter = boundary.Value("bndType") == "outer";
   CCnt& contour = (isOuter ? model_->GetOuterCnts() : model_->GetIslandCnts()).AddCnt();
   for (const Point& point : *points) contour.AddVrt(point);
 }
@@ -89,20 +97,21 @@ void SurfaceReader::EndPoint(std::string_view text) {
   const bool hasElevation = IsDefined(point->getZ());
   if (!hasElevation) ++left_.pointsWithoutElevation;
   // A second point of an id is kept, but faces go to the first.
-  ids_.Add(*id_);
+  if (!ids_.Add(*id_)) ++left_.doubleIds;
   model_->GetTris().AddTriVrt(hasElevation ? *point
                                            : Point(point->getX(), point->getY(), kNoElevation));
 }
 
 void SurfaceReader::BeginFace(const XmlTag& face) {
   const char* const invisible = face.Find("i");
-  isHidden_ = invisible != nullptr && std::string_view(invisible) == "1";
+  const std::string_view value = invisible == nullptr ? "" : invisible;
+  isHidden_ = value == "1" || value == "true";
 }
 
 bool SurfaceReader::ReadCorner(std::string_view& text, int& vertex) const {
   const auto id = platform::TakeWhole(text);
   const auto found = id ? ids_.Find(*id) : std::nullopt;
-  if (found) vertex = *found;
+  if (found) vertex = firstVertex_ + *found;
   return found.has_value();
 }
 

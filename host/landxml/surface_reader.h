@@ -15,6 +15,11 @@ class SurfaceReader {
   void Begin(const XmlTag& surface);
   void End();
 
+  /// Ids of points count anew.
+  void BeginDefinition() {
+    ids_ = {};
+    firstVertex_ = model_->GetTris().GetNoTriVrts();
+  }
   void TakeBoundary(const XmlElement& boundary);
   void TakeBreakline(const XmlElement& breakline);
 
@@ -29,6 +34,7 @@ class SurfaceReader {
     std::uint64_t badFaces = 0;
     std::uint64_t badPoints = 0;
     std::uint64_t pointsWithoutElevation = 0;
+    std::uint64_t doubleIds = 0;
   };
 
   std::optional<std::vector<Point>> PointsOf(const XmlElement& element);
@@ -39,6 +45,7 @@ class SurfaceReader {
   CDtmPrj* model_ = nullptr;
   std::uint64_t line_ = 0;
   IdTable ids_;
+  int firstVertex_ = 0;             // of the definition
   std::optional<std::int64_t> id_;  // of the open point
   bool isHidden_ = false;           // the open face
   Left left_;

@@ -1,5 +1,7 @@
 #include "host/landxml/survey_reader.h"
 
+#include <cmath>
+#include <numbers>
 #include <unordered_map>
 
 #include "services/translate.h"
@@ -13,7 +15,9 @@ class SetUpReader {
       : points_(points), context_(context), library_(*context.document.GetLibCmp()) {}
 
   void Read(const XmlElement& survey) {
-    context_.Added(library_.AddJob(false)).SetNome(SurveyName(survey));
+    if (survey.Child("InstrumentSetup") != nullptr) {
+      context_.Added(library_.AddJob(false)).SetNome(SurveyName(survey));
+    }
     for (const XmlElement& child : survey.children) {
       if (child.name == "InstrumentSetup") AddStation(child);
     }
@@ -22,15 +26,35 @@ class SetUpReader {
       if (child.name == "ObservationGroup") TakeGroup(child, nullptr);
       if (child.name == "RawObservation") TakeObservation(child, nullptr, "");
     }
+    Tell(firstOrphan_, orphans_, Xlate("observations that belong to no set-up are left out ({1})"));
+    Tell(firstAzimuth_, azimuths_, Xlate("orientations of set-ups are not taken over ({1})"));
   }
 
  private:
+  void Tell(std::uint64_t line, std::uint64_t count, const tdk::WString& pattern) {
+    if (count != 0) context_.remarks.Add(line, Fill(pattern, {InWords(count)}));
+  }
+
+  // The slope distance and the zenith angle, or what they follow from.
+  void StoreObservation(const XmlElement& observation, CPun& point) const {
+    auto slope = LengthOf(observation, "slopeDistance", context_.units);
+    double zenith = GonOf(observation, "zenithAngle");
+    const auto across = LengthOf(observation, "horizDistance", context_.units);
+    const auto up = LengthOf(observation, "vertDistance", context_.units);
+    if (!slope && across && up) {
+      slope = std::hypot(*across, *up);
+      zenith = std::atan2(*across, *up) * (200 / std::numbers::pi);
+    }
+    point.SetDtIntAng(slope.value_or(UndefinedValue), zenith, GonOf(observation, "horizAngle"), 0);
+  }
+
   void AddStation(const XmlElement& setUp) {
     CSta& station = context_.Added(library_.AddSta(library_.GetJobArSize() - 1, false));
     StorePoint(setUp.Child("InstrumentPoint"), points_, context_.units, station);
     if (const std::string* const name = setUp.Find("stationName")) station.SetNome(NameOf(*name));
     station.SetAltStr(LengthOf(setUp, "instrumentHeight", context_.units).value_or(0));
     stations_.emplace(setUp.Value("id"), &station);
+    if (setUp.Find("orientationAzimuth") != nullptr && azimuths_++ == 0) firstAzimuth_ = setUp.line;
     for (const XmlElement& child : setUp.children) {
       if (child.name == "RawObservation") TakeObservation(child, &station, "");
       if (child.name == "ObservationGroup") TakeGroup(child, &station);
@@ -49,7 +73,7 @@ class SetUpReader {
       const std::string* const own = observation.Find("setupID");
       const auto found = stations_.find(own != nullptr ? std::string_view(*own) : groupSetUp);
       if (found == stations_.end()) {
-        context_.remarks.Add(observation.line, Xlate("the observation belongs to no set-up"));
+        if (orphans_++ == 0) firstOrphan_ = observation.line;
         return;
       }
       station = found->second;
@@ -57,9 +81,7 @@ class SetUpReader {
     CPun& point = context_.Added(library_.AddPun(station, false));
     StorePoint(observation.Child("TargetPoint"), points_, context_.units, point);
     point.SetAltPri(LengthOf(observation, "targetHeight", context_.units).value_or(0));
-    point.SetDtIntAng(
-        LengthOf(observation, "slopeDistance", context_.units).value_or(UndefinedValue),
-        GonOf(observation, "zenithAngle"), GonOf(observation, "horizAngle"), 0);
+    StoreObservation(observation, point);
   }
 
   double GonOf(const XmlElement& observation, std::string_view attribute) const {
@@ -72,9 +94,13 @@ class SetUpReader {
   LoadContext& context_;
   CLibCmp& library_;
   std::unordered_map<std::string_view, CSta*> stations_;  // by the ids of their set-ups
+  std::uint64_t orphans_ = 0;
+  std::uint64_t firstOrphan_ = 0;
+  std::uint64_t azimuths_ = 0;
+  std::uint64_t firstAzimuth_ = 0;
 };
 
-// Observations without any set-up are told one by one as such.
+// Observations without any set-up are told as such.
 bool HasObservations(const XmlElement& survey) {
   return survey.Child("InstrumentSetup") != nullptr ||
          survey.Child("ObservationGroup") != nullptr || survey.Child("RawObservation") != nullptr;

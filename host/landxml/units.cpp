@@ -1,5 +1,7 @@
 #include "host/landxml/units.h"
 
+#include <strings.h>
+
 #include <algorithm>
 #include <cmath>
 #include <numbers>
@@ -14,11 +16,19 @@ struct LinearUnit {
   double metres;
 };
 constexpr double kFoot = 0.3048;
-constexpr LinearUnit kLinearUnits[] = {{"meter", 1},          {"metre", 1},
-                                       {"millimeter", 0.001}, {"centimeter", 0.01},
-                                       {"decimeter", 0.1},    {"kilometer", 1000},
-                                       {"foot", kFoot},       {"USSurveyFoot", 1200.0 / 3937},
-                                       {"inch", kFoot / 12},  {"yard", kFoot * 3},
+constexpr LinearUnit kLinearUnits[] = {{"meter", 1},
+                                       {"meters", 1},
+                                       {"feet", kFoot},
+                                       {"USFoot", 1200.0 / 3937},
+                                       {"metre", 1},
+                                       {"millimeter", 0.001},
+                                       {"centimeter", 0.01},
+                                       {"decimeter", 0.1},
+                                       {"kilometer", 1000},
+                                       {"foot", kFoot},
+                                       {"USSurveyFoot", 1200.0 / 3937},
+                                       {"inch", kFoot / 12},
+                                       {"yard", kFoot * 3},
                                        {"mile", kFoot * 5280}};
 
 struct NamedAngle {
@@ -31,6 +41,10 @@ constexpr NamedAngle kAngleUnits[] = {{"radians", AngleUnit::kRadians},
                                       {"decimaldegrees", AngleUnit::kDegrees},
                                       {"decimaldd.mm.ss", AngleUnit::kSexagesimal}};
 
+bool IsSameWord(std::string_view a, std::string_view b) {
+  return a.size() == b.size() && strncasecmp(a.data(), b.data(), a.size()) == 0;
+}
+
 // Blanks are no part of the name: one program writes two of them.
 std::string WithoutBlanks(std::string_view text) {
   std::string name(text);
@@ -42,7 +56,7 @@ AngleUnit ReadAngle(const XmlElement& element, std::string_view attribute, Remar
   const std::string name = WithoutBlanks(element.Value(attribute));
   if (name.empty()) return AngleUnit::kRadians;
   for (const NamedAngle& known : kAngleUnits) {
-    if (known.name == name) return known.unit;
+    if (IsSameWord(known.name, name)) return known.unit;
   }
   remarks.Add(element.line, Fill(Xlate("the unit \"{1}\" is not known; radians are assumed"),
                                  {tdk::WString(element.Value(attribute))}));
@@ -82,11 +96,13 @@ Units ReadUnits(const XmlElement& element, Remarks& remarks) {
   Units units;
   units.isDeclared = true;
   const std::string_view name = element.Value("linearUnit");
-  const auto* const known = std::find_if(std::begin(kLinearUnits), std::end(kLinearUnits),
-                                         [&](const LinearUnit& each) { return each.name == name; });
+  const auto* const known =
+      std::find_if(std::begin(kLinearUnits), std::end(kLinearUnits),
+                   [&](const LinearUnit& each) { return IsSameWord(each.name, name); });
   if (known != std::end(kLinearUnits)) {
     units.metres = known->metres;
   } else {
+    units.isKnown = false;
     remarks.Add(element.line, Fill(Xlate("the unit \"{1}\" is not known; metres are assumed"),
                                    {tdk::WString(name)}));
   }

@@ -14,9 +14,15 @@ struct Units {
   double metres = 1;  ///< of one linear unit
   AngleUnit angle = AngleUnit::kRadians;
   bool isDeclared = false;
+  bool isKnown = true;  ///< the linear unit
 
   /// An angle as the file has it, in gon.
   double Gon(double value) const;
+  /// The same in radians.
+  double Radians(double value) const { return Gon(value) * kRadiansPerGon; }
+
+ private:
+  static constexpr double kRadiansPerGon = 0.015707963267948967;
 };
 
 /// Reads a `Metric` or `Imperial` element. A unit that nobody knows leaves metres or radians, with

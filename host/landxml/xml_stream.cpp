@@ -5,9 +5,11 @@
 #include <strings.h>
 
 #include <array>
+#include <cerrno>
 #include <cstring>
 #include <exception>
 #include <memory>
+#include <utility>
 #include <vector>
 
 #include "platform/code_page.h"
@@ -33,32 +35,52 @@ std::string_view WithoutPrefix(std::string_view name) {
   return colon == std::string_view::npos ? name : name.substr(colon + 1);
 }
 
-// The encoding that the beginning of a file declares, as UTF-8 or nothing at all does not need.
-bool DeclaresOther(std::string_view beginning) {
-  if (beginning.starts_with("\xFE\xFF") || beginning.starts_with("\xFF\xFE")) return true;
-  if (beginning.size() > 1 && (beginning[0] == '\0' || beginning[1] == '\0')) return true;
-  const std::string_view declaration = beginning.substr(0, beginning.find("?>"));
-  const std::size_t at = declaration.find("encoding");
-  if (at == std::string_view::npos || declaration.size() == beginning.size()) return false;
-  std::string_view value = declaration.substr(at);
-  const std::size_t quote = value.find_first_of("\"'");
-  if (quote == std::string_view::npos) return false;
-  value.remove_prefix(quote + 1);
-  return value.size() < 5 || strncasecmp(value.data(), "utf-8", 5) != 0;
+bool IsSameWord(std::string_view a, std::string_view b) {
+  return a.size() == b.size() && strncasecmp(a.data(), b.data(), a.size()) == 0;
 }
 
-// Whether the file says to be UTF-8, or says nothing, and is something else.
-bool IsWronglyDeclared(platform::InputFile& file) {
+// The encoding that the beginning of a file declares; empty when it declares none.
+std::string_view DeclaredEncoding(std::string_view beginning) {
+  const std::string_view declaration = beginning.substr(0, beginning.find("?>"));
+  const std::size_t at = declaration.find("encoding");
+  if (at == std::string_view::npos || declaration.size() == beginning.size()) return {};
+  std::string_view value = declaration.substr(at);
+  const std::size_t quote = value.find_first_of("\"'");
+  if (quote == std::string_view::npos) return {};
+  const char mark = value[quote];
+  value.remove_prefix(quote + 1);
+  return value.substr(0, value.find(mark));
+}
+
+bool IsUtf16(std::string_view beginning) {
+  if (beginning.starts_with("\xFE\xFF") || beginning.starts_with("\xFF\xFE")) return true;
+  return beginning.size() > 1 && (beginning[0] == '\0' || beginning[1] == '\0');
+}
+
+// What a file can be in: nothing stands for what the parser finds out by itself.
+struct Encoding {
+  const char* name = nullptr;
+  bool isGuessed = false;
+};
+
+// UTF-16 has its marks, and one that is in UTF-8 is taken for it, whatever it says.
+Encoding FindEncoding(platform::InputFile& file) {
   std::vector<char> block(kBlockSize);
   platform::Utf8Check check;
   bool isFirst = true;
   while (const std::size_t got = file.Read(block.data(), block.size())) {
     const std::string_view text(block.data(), got);
-    if (isFirst && DeclaresOther(text)) return false;
-    isFirst = false;
+    if (std::exchange(isFirst, false)) {
+      const std::string_view declared = DeclaredEncoding(text);
+      const bool isUnsaid = declared.empty() || IsSameWord(declared, "utf-8") ||
+                            IsSameWord(declared, "utf8") || IsSameWord(declared, "us-ascii") ||
+                            IsSameWord(declared, "ascii");
+      if (IsUtf16(text)) return {};
+      if (!isUnsaid && strncasecmp(declared.data(), "utf-16", 6) != 0) return {};
+    }
     check.Add(text);
   }
-  return !check.IsUtf8();
+  return check.IsUtf8() ? Encoding{"utf-8"} : Encoding{kGuessedEncoding, true};
 }
 
 // Fills the table of an 8-bit encoding: the code point of each byte.
@@ -75,6 +97,7 @@ bool FillTable(const char* encoding, int* table) {
     std::size_t room = out.size();
     const std::size_t result = iconv(converter, &from, &left, &to, &room);
     const bool isThere = result != static_cast<std::size_t>(-1) && room == 0;
+    if (!isThere && errno == EINVAL) isSingleByte = false;  // more bytes belong to it
     if (!isThere) iconv(converter, nullptr, nullptr, nullptr, nullptr);
     if (!isThere && byte < 0x80) isSingleByte = false;
     std::uint32_t codePoint = 0;
@@ -189,7 +212,10 @@ XmlStream::XmlStream(const std::string& path, const LoadProgress& progress)
   platform::InputFile file;
   if (!file.Open(path)) throw LoadError(path + ": " + Xlate("cannot be opened").ToUtf8());
   // A pipe cannot be read twice.
-  isGuessed_ = file.Size() != 0 && IsWronglyDeclared(file);
+  if (file.Size() == 0) return;
+  const Encoding encoding = FindEncoding(file);
+  encoding_ = encoding.name;
+  isGuessed_ = encoding.isGuessed;
 }
 
 std::uint64_t XmlStream::Line() const {
@@ -207,7 +233,7 @@ void XmlStream::Fail(const std::string& reason) const {
 void XmlStream::Read(XmlEvents& events) {
   platform::InputFile file;
   if (!file.Open(path_)) throw LoadError(path_ + ": " + Xlate("cannot be opened").ToUtf8());
-  const ParserHandle parser(XML_ParserCreate(isGuessed_ ? kGuessedEncoding : nullptr));
+  const ParserHandle parser(XML_ParserCreate(encoding_));
   if (parser == nullptr) throw std::bad_alloc();
   parser_ = parser.get();
   Reading reading{parser.get(), events, *this};

@@ -69,7 +69,8 @@ class XmlStream {
  private:
   const std::string& path_;
   const LoadProgress& progress_;
-  void* parser_ = nullptr;  // the library's, while a file is read
+  void* parser_ = nullptr;          // the library's, while a file is read
+  const char* encoding_ = nullptr;  // null: as the file says
   bool isGuessed_ = false;
 };
 

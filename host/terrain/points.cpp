@@ -1,15 +1,16 @@
 #include "host/terrain/points.h"
 
-#include <algorithm>
 #include <cmath>
 #include <unordered_map>
+#include <utility>
 
 namespace terrain {
 namespace {
 
 class Chooser {
  public:
-  explicit Chooser(const Choice& choice) : choice_(choice) {}
+  explicit Chooser(const Choice& choice)
+      : choice_(choice), isUsed_(choice.breaklineCodes.size(), false) {}
 
   void Add(const CEgn& point) {
     const tdk::geom::PNT_3D place(point.GetCoordX(), point.GetCoordY(), point.GetCoordZ());
@@ -18,35 +19,57 @@ class Chooser {
       return;
     }
     chosen_.source.points.push_back(place);
-    const std::string code = point.GetSecScri().ToUtf8();
-    if (IsOfBreakline(code)) AddToBreakline(code);
+    if (choice_.breaklineCodes.empty()) return;
+    Line& line = LineOf(point.GetSecScri().ToUtf8());
+    if (line.isBreakline) AddTo(line);
   }
 
   Chosen& Result() {
     chosen_.source.longestSide = choice_.longestSide;
+    for (std::size_t i = 0; i < isUsed_.size(); ++i) {
+      if (!isUsed_[i]) chosen_.unusedCodes.push_back(choice_.breaklineCodes[i]);
+    }
     return chosen_;
   }
 
  private:
-  bool IsOfBreakline(std::string_view code) const {
-    const auto fits = [&](std::string_view pattern) {
-      if (!pattern.ends_with('*')) return code == pattern;
-      return code.starts_with(pattern.substr(0, pattern.size() - 1));
-    };
-    return std::any_of(choice_.breaklineCodes.begin(), choice_.breaklineCodes.end(), fits);
+  static constexpr int kNone = -1;
+  struct Line {
+    bool isBreakline = false;
+    bool isOpen = false;  // it has a leg that ends at its last point
+    int last = kNone;
+  };
+
+  // Whether a code is one of a breakline is found out once.
+  Line& LineOf(const std::string& code) {
+    const auto [found, isNew] = lines_.try_emplace(code);
+    if (isNew) found->second.isBreakline = !code.empty() && Fits(code);
+    return found->second;
   }
 
-  void AddToBreakline(const std::string& code) {
-    const int position = static_cast<int>(chosen_.source.points.size()) - 1;
-    const auto [last, isNew] = lastOf_.emplace(code, position);
-    if (isNew) {
-      ++chosen_.breaklines;
-    } else if (choice_.longestSide != 0 && Distance(last->second, position) > choice_.longestSide) {
-      ++chosen_.longLegs;
-    } else {
-      chosen_.source.breaklines.emplace_back(last->second, position);
+  bool Fits(std::string_view code) {
+    bool fits = false;
+    for (std::size_t i = 0; i < choice_.breaklineCodes.size(); ++i) {
+      const std::string_view pattern = choice_.breaklineCodes[i];
+      const bool isFamily = pattern.ends_with('*');
+      const bool fitsThis =
+          isFamily ? code.starts_with(pattern.substr(0, pattern.size() - 1)) : code == pattern;
+      if (fitsThis) isUsed_[i] = fits = true;
     }
-    last->second = position;
+    return fits;
+  }
+
+  void AddTo(Line& line) {
+    const int position = static_cast<int>(chosen_.source.points.size()) - 1;
+    const int last = std::exchange(line.last, position);
+    if (last == kNone) return;
+    if (choice_.longestSide != 0 && Distance(last, position) > choice_.longestSide) {
+      ++chosen_.longLegs;
+      line.isOpen = false;
+      return;
+    }
+    if (!std::exchange(line.isOpen, true)) ++chosen_.breaklines;
+    chosen_.source.breaklines.emplace_back(last, position);
   }
 
   double Distance(int from, int to) const {
@@ -57,7 +80,8 @@ class Chooser {
 
   const Choice& choice_;
   Chosen chosen_;
-  std::unordered_map<std::string, int> lastOf_;  // the last point of each breakline's code
+  std::vector<bool> isUsed_;                     // of the codes
+  std::unordered_map<std::string, Line> lines_;  // by their codes
 };
 
 void AddTotalStation(const CLibCmp& library, Chooser& chooser) {

@@ -30,8 +30,9 @@ struct Choice {
 struct Chosen {
   Source source;
   std::uint64_t incomplete = 0;  ///< points without all three coordinates, which are left out
-  std::uint64_t breaklines = 0;  ///< lines, each of one code
+  std::uint64_t breaklines = 0;  ///< lines of one leg and more
   std::uint64_t longLegs = 0;    ///< legs that were left out as too long
+  std::vector<std::string> unusedCodes;  ///< of the breaklines: no point has them
 };
 
 /// Collects the points, stations and GPS bases included, in the order of the libraries: total
