@@ -182,7 +182,7 @@ TEST(Formats, TableTellsWhatCanBeDone) {
             "JB3      jb3        yes      yes\n"
             "TXT      txt        yes      yes\n"
             "CSV      csv        yes      yes\n"
-            "DXF      dxf        not yet  not yet\n"
+            "DXF      dxf        yes      yes\n"
             "DWG      dwg        not yet  not yet\n"
             "Shape    shp        not yet  not yet\n"
             "LandXML  xml        yes      yes\n"
@@ -190,13 +190,6 @@ TEST(Formats, TableTellsWhatCanBeDone) {
 }
 
 TEST(Formats, TakesNoWords) { EXPECT_EQ(RunKalvio({"formats", "all"}).status, 2); }
-
-TEST(Plot, IsNotAvailableYet) {
-  const Outcome run = RunKalvio({"plot", "job", "plan.svg"});
-  EXPECT_EQ(run.status, 1);
-  EXPECT_EQ(run.out, "");
-  EXPECT_EQ(run.err, "kalvio: plot is not available in this version\n");
-}
 
 }  // namespace
 }  // namespace e2e

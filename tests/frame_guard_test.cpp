@@ -102,8 +102,6 @@ TEST_F(FrameGuard, SaysOfAFormatThatItIsNotBuiltAndReturnsZero) {
     EXPECT_TRUE(views.dialogs.empty()) << format;
     views.messages.clear();
   };
-  tells("DXF/DWG", exports.importDrawing(&parent, &document, 0));
-  tells("DXF/DWG", exports.exportDrawing(&parent, &document, 0));
   tells("DAT", exports.exportDat(&parent, &document, 0));
   tells("Shape", exports.exportShape(&parent, document.GetLibGis()));
   tells("Shape", exports.importShape(&parent, document.GetLibGis(), nullptr, false) ? 1 : 0);

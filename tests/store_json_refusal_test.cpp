@@ -177,9 +177,9 @@ TEST(StoreJsonRefusal, SectionsOfLibrariesThatAreNotThere) {
   const std::string reason = ": this version cannot hold it";
   EXPECT_EQ(Complaint(R"({"gis":{"themes":[]}})"), "gis" + reason);
   EXPECT_EQ(Complaint(R"({"cadastral":{"year":2024}})"), "cadastral" + reason);
-  EXPECT_EQ(Complaint(R"({"drawing":[[]]})"), "drawing[0]" + reason);
-  EXPECT_EQ(Complaint(R"({"drawing":[5]})"), "drawing[0]" + reason);
-  EXPECT_EQ(Complaint(R"({"drawing":5})"), "drawing: expected an object, found 5");
+  EXPECT_EQ(Complaint(R"({"gis":[[]]})"), "gis[0]" + reason);
+  EXPECT_EQ(Complaint(R"({"gis":[5]})"), "gis[0]" + reason);
+  EXPECT_EQ(Complaint(R"({"cadastral":5})"), "cadastral: expected an object, found 5");
 }
 
 TEST(StoreJsonRefusal, AHostThatRefusesAnAdd) {

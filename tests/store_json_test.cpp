@@ -351,9 +351,9 @@ TEST_F(StoreJson, SettingsAreNumbersFlagsOrTexts) {
 }
 
 TEST_F(StoreJson, EmptySectionsOfLibrariesThatAreNotThereAreAccepted) {
-  Read(R"({"gis":{},"cadastral":null,"drawing":{}})", document);
+  Read(R"({"gis":{},"cadastral":null})", document);
   Read(
-      R"({"gis":null,"cadastral":[],"drawing":[],"current":null,"targets":null,
+      R"({"gis":null,"cadastral":[],"drawing":null,"current":null,"targets":null,
            "settings":null})",
       document);
   EXPECT_EQ(surveys.GetJobArSize(), 0);

@@ -7,6 +7,7 @@
 #include "platform/window_registry.h"
 #include "scripted_views.h"
 #include "services/translate.h"
+#include "told_cad_files.h"
 
 namespace {
 
@@ -108,6 +109,7 @@ int RunCall(const Arguments& arguments) {
   CallResult result;
   {
     const Listening listening(views, session.Document());
+    const ToldCadFiles told(views);
     result = module.Call(function, parent, session.Document(), options);
   }
   // A call that was ended or could not be told leaves the job as it was.

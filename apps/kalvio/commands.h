@@ -6,6 +6,7 @@
 int RunCall(const Arguments& arguments);
 int RunCompute(const Arguments& arguments);
 int RunConvert(const Arguments& arguments);
+int RunPlot(const Arguments& arguments);
 int RunShow(const Arguments& arguments);
 int RunTerrain(const Arguments& arguments);
 int RunFormats();

@@ -144,16 +144,16 @@ void ComputeCoordinates(HostDocument& document, const Arguments& arguments,
 // Of all points, once they have their coordinates.
 void AddTerrain(HostDocument& document, const Arguments& arguments, const Summary& summary) {
   if (!arguments.Has("--terrain")) return;
-  const std::string name = Xlate("terrain").ToUtf8();
+  const std::string name = FreeTerrainName(document);
   const TerrainReport report = MakeTerrain(document, name, TerrainChoice(arguments));
   summary.TellTerrain(name, InWords(report));
   TellRemarks(name, report.Remarks());
 }
 
 void Export(const Files& files, const Module& module, HostDocument& document,
-            const TextOptions& options, const LandXmlParts& parts, const Summary& summary,
+            const TextOptions& options, const OutputOptions& output, const Summary& summary,
             ProgressLine& progress) {
-  Exchange out = ExportFile(module, files.output, document, options, parts, progress);
+  Exchange out = ExportFile(module, files.output, document, options, output, progress);
   if (!out.leftBack.IsNothing()) {
     out.remarks.push_back(Fill(Xlate("left out, for such a file cannot hold it: {1}"),
                                {tdk::WString(InWords(out.leftBack))})
@@ -167,7 +167,7 @@ void Export(const Files& files, const Module& module, HostDocument& document,
 
 int RunConvert(const Arguments& arguments) {
   const TextOptions options = ReadTextOptions(arguments);
-  const LandXmlParts parts = ReadLandXmlParts(arguments);
+  const OutputOptions output{ReadLandXmlParts(arguments), ReadDrawingOptions(arguments)};
   const Files files = CheckedFiles(arguments);
   CheckTerrainOptions(arguments);
   const tdk::WString crs = ReferenceSystemOption(arguments);  // before anything is read
@@ -185,7 +185,7 @@ int RunConvert(const Arguments& arguments) {
   CompleteGpsPositions(session.Document(), crs, summary);
   ComputeCoordinates(session.Document(), arguments, summary);
   AddTerrain(session.Document(), arguments, summary);
-  Export(files, module, session.Document(), options, parts, summary, progress);
+  Export(files, module, session.Document(), options, output, summary, progress);
   // Every input has brought something, or there would have been a failure.
   session.Keep(std::nullopt, /*succeeded=*/true);
   return exit_status::kRan;

@@ -11,7 +11,7 @@ namespace {
 
 struct DialogRow {
   std::string_view dialog;
-  // Null: a page of lists with check boxes.
+  // Null: filled from the options of outputs.
   bool (*fill)(Dialog& dialog, const std::string& path, const TextOptions& options);
   std::string_view press;
   bool writes = false;  ///< its button writes the file
@@ -23,6 +23,7 @@ bool ChooseFile(Dialog& dialog, const std::string& path, const TextOptions& /*op
 
 constexpr std::array kDialogs = {
     DialogRow{"file", ChooseFile, "OK"},
+    DialogRow{"cad-file", nullptr, "OK"},
     DialogRow{"landxml-survey", nullptr, ">>"},
     DialogRow{"landxml-triangulation", nullptr, ">>"},
     // On the last page there is nothing further; "Cancel" is what ends the choice there.
@@ -36,12 +37,17 @@ constexpr std::array kDialogs = {
 
 }  // namespace
 
+bool ConvertViews::Fill(Dialog& dialog) const {
+  return dialog.Name() == "cad-file" ? FillCadFile(dialog, path_, output_.drawing)
+                                     : CheckChosen(dialog);
+}
+
 // Checks every row of the lists that are chosen.
 bool ConvertViews::CheckChosen(Dialog& dialog) const {
   const DialogState state = dialog.State();
   for (const auto& [key, list] : state.items()) {
     DialogState positions = DialogState::array();
-    for (std::size_t i = 0; parts_.Has(key) && i < list.size(); ++i) positions.push_back(i);
+    for (std::size_t i = 0; output_.parts.Has(key) && i < list.size(); ++i) positions.push_back(i);
     if (dialog.Set(key, positions) != DialogSet::kDone) return false;
   }
   return true;
@@ -53,7 +59,7 @@ int ConvertViews::ShowDialog(Dialog& dialog) {
                    [&](const DialogRow& each) { return each.dialog == dialog.Name(); });
   const std::size_t saidBefore = messages_.size();
   const auto fill = [&] {
-    return row->fill == nullptr ? CheckChosen(dialog) : row->fill(dialog, path_, options_);
+    return row->fill == nullptr ? Fill(dialog) : row->fill(dialog, path_, options_);
   };
   if (row != kDialogs.end() && fill()) {
     if (const auto code = dialog.Press(row->press)) {
@@ -64,7 +70,7 @@ int ConvertViews::ShowDialog(Dialog& dialog) {
   // A dialog that stays open has said why, or one below it has.
   if (messages_.size() > saidBefore) return Dialog::kCancel;
   messages_.push_back(
-      Fill(Xlate("internal error: no answer for dialog \"{1}\""), {tdk::WString(dialog.Name())})
+      ::Fill(Xlate("internal error: no answer for dialog \"{1}\""), {tdk::WString(dialog.Name())})
           .ToUtf8());
   return Dialog::kCancel;
 }

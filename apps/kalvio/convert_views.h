@@ -4,6 +4,7 @@
 #include <string>
 #include <vector>
 
+#include "drawing_options.h"
 #include "landxml_parts.h"
 #include "progress_line.h"
 #include "services/dialog.h"
@@ -13,9 +14,9 @@
 class ConvertViews : public HostViews {
  public:
   /// `path` is the file to exchange (absolute). The others are not owned.
-  ConvertViews(std::string path, const TextOptions& options, const LandXmlParts& parts,
+  ConvertViews(std::string path, const TextOptions& options, const OutputOptions& output,
                ProgressLine& progress)
-      : path_(std::move(path)), options_(options), parts_(parts), progress_(progress) {}
+      : path_(std::move(path)), options_(options), output_(output), progress_(progress) {}
 
   int ShowDialog(Dialog& dialog) override;
   int ShowMessage(const tdk::WString& caption, const tdk::WString& text, unsigned flags) override;
@@ -34,11 +35,12 @@ class ConvertViews : public HostViews {
   const std::vector<std::string>& Messages() const { return messages_; }
 
  private:
+  bool Fill(Dialog& dialog) const;
   bool CheckChosen(Dialog& dialog) const;
 
   std::string path_;
   const TextOptions& options_;
-  const LandXmlParts& parts_;
+  const OutputOptions& output_;
   ProgressLine& progress_;
   bool hasWritten_ = false;
   std::vector<std::string> notes_;

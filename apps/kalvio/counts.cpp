@@ -24,6 +24,7 @@ void CountDesign(HostDocument& document, Counts& counts) {
     counts.triangles += static_cast<std::uint64_t>(models.GetPrjAt(i)->GetTris().GetNoTris());
   }
   counts.roads = static_cast<std::uint64_t>(document.GetLibRoad()->GetRoadArSize());
+  counts.entities = static_cast<std::uint64_t>(document.GetCadEngine()->Entities().size());
 }
 
 }  // namespace
@@ -56,7 +57,8 @@ Counts operator-(const Counts& more, const Counts& less) {
           more.controlPoints - less.controlPoints,
           more.surfaces - less.surfaces,
           more.triangles - less.triangles,
-          more.roads - less.roads};
+          more.roads - less.roads,
+          more.entities - less.entities};
 }
 
 Counts Within(const Counts& counts, const Carried& carried) {
@@ -75,6 +77,7 @@ Counts Within(const Counts& counts, const Carried& carried) {
     part.triangles = counts.triangles;
     part.roads = counts.roads;
   }
+  if (carried.drawing) part.entities = counts.entities;
   return part;
 }
 
@@ -96,5 +99,6 @@ std::string InWords(const Counts& counts) {
   add(counts.surfaces, Xlate("{1} terrain model"), Xlate("{1} terrain models"));
   add(counts.triangles, Xlate("{1} triangle"), Xlate("{1} triangles"));
   add(counts.roads, Xlate("{1} road"), Xlate("{1} roads"));
+  add(counts.entities, Xlate("{1} drawn entity"), Xlate("{1} drawn entities"));
   return text.empty() ? Xlate("nothing").ToUtf8() : text;
 }

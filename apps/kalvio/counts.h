@@ -18,6 +18,7 @@ struct Counts {
   std::uint64_t surfaces = 0;
   std::uint64_t triangles = 0;
   std::uint64_t roads = 0;
+  std::uint64_t entities = 0;  ///< of the drawing
 
   bool IsNothing() const { return *this == Counts{}; }
   bool operator==(const Counts&) const = default;
@@ -28,7 +29,8 @@ struct Carried {
   bool gps = false;
   bool known = false;
   bool controls = false;
-  bool design = false;  ///< terrain models and roads
+  bool design = false;   ///< terrain models and roads
+  bool drawing = false;  ///< what was drawn by hand or imported
 };
 
 Counts CountsOf(HostDocument& document);

@@ -1,6 +1,7 @@
 #include "extents.h"
 
 #include <algorithm>
+#include <cmath>
 
 #include "host/document/host_document.h"
 
@@ -83,6 +84,52 @@ void AddRoads(const CLibRoad& library, Extents& extents) {
   }
 }
 
+void AddPlace(const cad::Point& place, Extents& extents) {
+  extents.axes[0].Add(place.getX());
+  extents.axes[1].Add(place.getY());
+  extents.axes[2].Add(place.getZ());
+}
+
+void AddRound(const cad::Point& center, double radius, Extents& extents) {
+  AddPlace({center.getX() - radius, center.getY() - radius, center.getZ()}, extents);
+  AddPlace({center.getX() + radius, center.getY() + radius, center.getZ()}, extents);
+}
+
+// By the points that an entity is given by; arcs as their whole circles.
+struct ShapeExtents {
+  Extents& extents;
+
+  void operator()(const cad::PointShape& shape) const { AddPlace(shape.at, extents); }
+  void operator()(const cad::LineShape& shape) const {
+    AddPlace(shape.from, extents);
+    AddPlace(shape.to, extents);
+  }
+  void operator()(const cad::PolylineShape& shape) const { AddAll(shape.points); }
+  void operator()(const cad::CircleShape& shape) const {
+    AddRound(shape.center, shape.radius, extents);
+  }
+  void operator()(const cad::ArcShape& shape) const {
+    AddRound(shape.center, shape.radius, extents);
+  }
+  void operator()(const cad::EllipseShape& shape) const {
+    AddRound(shape.center, std::hypot(shape.major.getX(), shape.major.getY()), extents);
+  }
+  void operator()(const cad::TextShape& shape) const { AddPlace(shape.at, extents); }
+  void operator()(const cad::InsertShape& shape) const { AddPlace(shape.at, extents); }
+  void operator()(const cad::FaceShape& shape) const { AddAll(shape.points); }
+  void operator()(const cad::SolidShape& shape) const { AddAll(shape.points); }
+  void AddAll(const std::vector<cad::Point>& points) const {
+    for (const cad::Point& point : points) AddPlace(point, extents);
+  }
+};
+
+void AddDrawing(const CTcadEng& engine, Extents& extents) {
+  for (const cad::Entity& entity : engine.Entities()) {
+    std::visit(ShapeExtents{extents}, entity.shape);
+    extents.hasDesign = true;
+  }
+}
+
 }  // namespace
 
 Extents ExtentsOf(HostDocument& document) {
@@ -92,5 +139,6 @@ Extents ExtentsOf(HostDocument& document) {
   AddKnown(*document.GetLibPnt(), extents);
   AddTerrain(*document.GetLibDtm(), extents);
   AddRoads(*document.GetLibRoad(), extents);
+  AddDrawing(*document.GetCadEngine(), extents);
   return extents;
 }

@@ -1,11 +1,11 @@
 #include "file_import.h"
 
-#include <algorithm>
 #include <filesystem>
 #include <optional>
 
 #include "console.h"
 #include "convert_views.h"
+#include "export_remarks.h"
 #include "failure.h"
 #include "formats.h"
 #include "host/document/host_document.h"
@@ -47,10 +47,10 @@ std::string NameOf(const std::string& path) { return std::string(platform::FileN
 // did not succeed.
 std::vector<std::string> Run(const Module& module, const char* function, const std::string& path,
                              HostDocument& document, const TextOptions& options,
-                             const LandXmlParts& parts, ProgressLine& progress) {
+                             const OutputOptions& output, ProgressLine& progress) {
   const TroubleScope trouble;
   const std::string absolute = AbsolutePath(path);
-  ConvertViews views(absolute, options, parts, progress);
+  ConvertViews views(absolute, options, output, progress);
   CWnd window(&views);
   progress.Begin(NameOf(path));
   const CallResult result = module.Call(function, window, document, {"kalvio", KALVIO_VERSION});
@@ -77,26 +77,8 @@ std::vector<std::string> LoadRoadsAndTerrain(const std::string& path, HostDocume
     return remarks;
   } catch (const landxml_load::LoadError& error) {
     progress.Clear();
-    const std::string reason = trouble.Reason(AbsolutePath(path));
+    const std::string reason = trouble.Reason(path);
     throw reason.empty() ? Failure(exit_status::kFailed, error.what()) : Failed(path, reason);
-  }
-}
-
-// The writer passes over elements of kinds that the format does not have, and says nothing.
-void TellOfOtherElements(HostDocument& document, std::vector<std::string>& remarks) {
-  const CLibRoad& roads = *document.GetLibRoad();
-  for (int i = 0; i < roads.GetRoadArSize(); ++i) {
-    std::vector<const CPlaniElem*> elements;
-    roads.GetRoadAt(i)->RetrieveLinkedPlaniElems(elements);
-    const auto count = std::count_if(
-        elements.begin(), elements.end(),
-        [](const CPlaniElem* element) { return element->GetType() == CPlaniElem::kOther; });
-    if (count == 0) continue;
-    remarks.push_back(
-        Fill(Xlate("road \"{1}\": elements that the format does not have are left out ({2})"),
-             {roads.GetRoadAt(i)->GetName(),
-              tdk::WString(console::Number(static_cast<std::uint64_t>(count)))})
-            .ToUtf8());
   }
 }
 
@@ -158,14 +140,15 @@ Exchange ImportFile(const Module& module, const std::string& path, HostDocument&
 }
 
 Exchange ExportFile(const Module& module, const std::string& path, HostDocument& document,
-                    const TextOptions& options, const LandXmlParts& parts, ProgressLine& progress) {
+                    const TextOptions& options, const OutputOptions& output,
+                    ProgressLine& progress) {
   CheckWritable(path);
   const FormatRow& format = FormatOf(path);
   Exchange exchange;
   const Counts all = CountsOf(document);
   const TextOptions chosen = format.isPointList ? WithKind(options, all, path) : options;
-  exchange.remarks = Run(module, format.exportFunction, path, document, chosen, parts, progress);
-  if (format.carried.design && parts.roads) TellOfOtherElements(document, exchange.remarks);
+  exchange.remarks = Run(module, format.exportFunction, path, document, chosen, output, progress);
+  if (format.carried.design) AddExportRemarks(document, format, output.parts, exchange.remarks);
   std::error_code error;
   if (!std::filesystem::exists(platform::NativePath(path), error)) {
     throw Failed(path, exchange.remarks.empty() ? Xlate("it was not written").ToUtf8()
@@ -173,7 +156,9 @@ Exchange ExportFile(const Module& module, const std::string& path, HostDocument&
   }
   exchange.counts = format.isPointList ? OfKind(all, *chosen.kind) : Within(all, format.carried);
   exchange.leftBack = all - exchange.counts;
-  exchange.counts = OfParts(exchange.counts, parts);
+  if (format.extension == std::string_view("xml")) {
+    exchange.counts = OfParts(exchange.counts, output.parts);
+  }
   return exchange;
 }
 

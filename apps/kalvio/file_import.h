@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "counts.h"
-#include "landxml_parts.h"
+#include "drawing_options.h"
 #include "module.h"
 #include "progress_line.h"
 #include "text_options.h"
@@ -22,7 +22,8 @@ Exchange ImportFile(const Module& module, const std::string& path, HostDocument&
 
 /// Writes the document to `path`; throws Failure when the file was not written.
 Exchange ExportFile(const Module& module, const std::string& path, HostDocument& document,
-                    const TextOptions& options, const LandXmlParts& parts, ProgressLine& progress);
+                    const TextOptions& options, const OutputOptions& output,
+                    ProgressLine& progress);
 
 /// Throws Failure (bad usage) when an input is also what is written, by whatever name.
 void RefuseOneForBoth(const std::string& input, const std::string& output);

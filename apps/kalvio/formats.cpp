@@ -14,14 +14,14 @@ std::span<const FormatRow> FormatTable() {
   using enum Exchanged;
   constexpr Carried kTotalStation{};
   constexpr Carried kAll{true, true, true};
-  constexpr Carried kDrawing{true, true, true, true};
+  constexpr Carried kDrawing{true, true, true, true, true};
   constexpr Carried kLandXml{.gps = true, .known = true, .controls = false, .design = true};
   static constexpr std::array<FormatRow, 9> kTable = {{
       {"jb2", "JB2", kNow, kNow, "FImportJB2File", "FExportJB2File", kTotalStation},
       {"jb3", "JB3", kNow, kNow, "FImportJB3File", "FExportJB3File", kAll},
       {"txt", "TXT", kNow, kNow, "FImportTXTFile", "FExportTXTFile", kAll, true},
       {"csv", "CSV", kNow, kNow, "FImportCSVFile", "FExportCSVFile", kAll, true},
-      {"dxf", "DXF", kNotYet, kNotYet, "FImportDXFDWGFile", "FExportDXFDWGFile", kDrawing},
+      {"dxf", "DXF", kNow, kNow, "FImportDXFDWGFile", "FExportDXFDWGFile", kDrawing},
       {"dwg", "DWG", kNotYet, kNotYet, "FImportDXFDWGFile", "FExportDXFDWGFile", kDrawing},
       {"shp", "Shape", kNotYet, kNotYet, "FImportEntFromFileShape", "FExportEntInFileShape", kAll},
       {"xml", "LandXML", kNow, kNow, nullptr, "FExportLandXMLFile", kLandXml},

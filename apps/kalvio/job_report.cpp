@@ -4,6 +4,7 @@
 
 #include "console.h"
 #include "counts.h"
+#include "drawing_report.h"
 #include "extents.h"
 #include "host/document/host_document.h"
 #include "layout.h"
@@ -159,9 +160,8 @@ void ReportExtents(const Extents& extents) {
     table.Add(
         {Text(names[i]), Metres(axis.least), Metres(axis.most), console::Number(axis.undefined)});
   }
-  console::Out(Text(extents.hasDesign
-                        ? Xlate("Extents in metres, stations, terrain and roads included")
-                        : Xlate("Extents in metres, stations included")) +
+  console::Out(Text(extents.hasDesign ? Xlate("Extents in metres of all that there is")
+                                      : Xlate("Extents in metres, stations included")) +
                "\n" + table.Text());
   if (extents.withoutDistance == 0) return;
   console::Out(console::Count(extents.withoutDistance, Xlate("{1} point without distance"),
@@ -177,6 +177,7 @@ void ReportJob(HostDocument& document, bool all) {
   ReportKnownGroups(*document.GetLibPnt(), all);
   ReportTerrain(*document.GetLibDtm(), all);
   ReportRoads(*document.GetLibRoad(), all);
+  ReportDrawing(*document.GetCadEngine(), all);
   console::Out(Text(Xlate("In all:")) + " " + InWords(CountsOf(document)) + "\n");
   ReportExtents(ExtentsOf(document));
 }

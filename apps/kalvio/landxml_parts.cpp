@@ -5,6 +5,7 @@
 
 #include "failure.h"
 #include "services/translate.h"
+#include "word_list.h"
 
 namespace {
 
@@ -28,12 +29,10 @@ bool LandXmlParts::Has(std::string_view list) const {
 }
 
 LandXmlParts ReadLandXmlParts(const Arguments& arguments) {
-  const auto list = arguments.Value("--select");
-  if (!list) return {};
+  if (!arguments.Has("--select")) return {};
   LandXmlParts parts{false, false, false, false, false};
-  std::string_view rest = *list;
-  while (true) {
-    const std::string_view word = rest.substr(0, rest.find(','));
+  const std::vector<std::string> words = WordList(arguments.All("--select"));
+  for (const std::string& word : words) {
     const auto* const row = std::find_if(kParts.begin(), kParts.end(),
                                          [&](const PartRow& each) { return each.word == word; });
     if (row == kParts.end()) {
@@ -42,9 +41,9 @@ LandXmlParts ReadLandXmlParts(const Arguments& arguments) {
                          .ToUtf8());
     }
     parts.*row->member = true;
-    if (word.size() == rest.size()) return parts;
-    rest.remove_prefix(word.size() + 1);
   }
+  if (words.empty()) throw BadUsage(Xlate("--select: nothing is named").ToUtf8());
+  return parts;
 }
 
 Counts OfParts(Counts counts, const LandXmlParts& parts) {

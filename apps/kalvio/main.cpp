@@ -5,6 +5,7 @@
 #include "console.h"
 #include "failure.h"
 #include "help.h"
+#include "host/cad/cad_files.h"
 #include "host/geodesy/lazy_geodesy.h"
 #include "host/store/job_store.h"
 #include "pages.h"
@@ -33,8 +34,8 @@ int RunCommand(const Arguments& arguments) {
   if (name == "compute") return RunCompute(arguments);
   if (name == "show") return RunShow(arguments);
   if (name == "terrain") return RunTerrain(arguments);
-  if (name == "formats") return RunFormats();
-  throw Failure(exit_status::kFailed, Xlate("plot is not available in this version").ToUtf8());
+  if (name == "plot") return RunPlot(arguments);
+  return RunFormats();
 }
 
 int Run(const std::vector<std::string>& words) {
@@ -77,6 +78,7 @@ int main(int argc, char** argv) {
   console::SecureStreams();
   std::setlocale(LC_ALL, "");
   LazyGeodesy::Install();
+  CadFiles::Install();
   const int status = RunToStatus({argv + (argc > 0 ? 1 : 0), argv + argc});
   console::FinishOutput();  // what was said before a failure; the failure itself has been told
   return status;

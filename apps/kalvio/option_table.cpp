@@ -11,10 +11,10 @@ namespace {
 
 constexpr std::size_t kAny = std::numeric_limits<std::size_t>::max();
 
-// The version options have no effect on the formats of this version, so no help shows them.
+// What has no effect on the formats of this version: no help shows it.
 constexpr const char* kNotShown = nullptr;
 constexpr const char* kNoFallback = nullptr;
-constexpr const char* kWithTextFiles = "convert compute show terrain";
+constexpr const char* kWithTextFiles = "convert compute plot show terrain";
 constexpr const char* kWithTerrain = "convert terrain";
 
 constexpr auto kOptions = std::to_array<OptionRow>({
@@ -32,6 +32,20 @@ constexpr auto kOptions = std::to_array<OptionRow>({
      ToXlate("job folder or .json document, and files with observations or points"), kNoFallback,
      true},
     {"terrain", "--name", "N", ToXlate("what the terrain model is called"), kNoFallback},
+    {"plot", "JOB|FILE", "",
+     ToXlate("job folder or .json document, and files with observations or points"), kNoFallback,
+     true},
+    {"plot", "OUTPUT", "",
+     ToXlate("the picture, of the kind that its extension says: svg, pdf, png; an older one is "
+             "written over"),
+     kNoFallback},
+    {"plot", "--size", "WxH", ToXlate("size of the sheet in millimetres, of a PNG in pixels"),
+     ToXlate("A4, upright or across; a PNG 2000 pixels wide")},
+    {"plot", "--scale", "1:N", ToXlate("scale of the plan on paper"),
+     ToXlate("the largest at which everything fits")},
+    {"plot", "--no-names", nullptr, ToXlate("leave out the names of points"), kNoFallback},
+    {"plot", "--no-codes", nullptr, ToXlate("leave out the codes of points"), kNoFallback},
+    {"plot", "--no-terrain", nullptr, ToXlate("leave out terrain models"), kNoFallback},
     {"show", "JOB|FILE", "", ToXlate("job folder, .json document or a file that can be read"),
      kNoFallback},
     {"show", "--json", nullptr, ToXlate("the whole job as a JSON document"), kNoFallback},
@@ -41,7 +55,7 @@ constexpr auto kOptions = std::to_array<OptionRow>({
     {"convert", "--kind", "known|control|ts|gps",
      ToXlate("kind of the points of a text or CSV file"),
      ToXlate("known; written: the first that has points")},
-    {"compute show terrain", "--kind", "known|control",
+    {"compute plot show terrain", "--kind", "known|control",
      ToXlate("kind of the points of a text or CSV file"), "known"},
     {kWithTextFiles, "--columns", "LIST",
      ToXlate("up to six of name,north,east,elev,descr,date,time,- in a text or CSV file"),
@@ -54,7 +68,12 @@ constexpr auto kOptions = std::to_array<OptionRow>({
     {kWithTextFiles, "--quote-names", nullptr,
      ToXlate("quotes around names: written, or taken off"), kNoFallback},
     {"convert", "--dwg-version", "2000|r14", kNotShown, kNoFallback},
-    {"convert", "--dxf-version", "2000|r12", kNotShown, kNoFallback},
+    {"convert", "--dxf-version", "2000|r12", ToXlate("version of a DXF file that is written"),
+     "2000"},
+    {"convert", "--explode", nullptr,
+     ToXlate("in a drawing, points and texts in place of blocks with attributes"), kNoFallback},
+    {"convert", "--hidden", nullptr, ToXlate("in a drawing, also what lies on hidden layers"),
+     kNoFallback},
 
     {"convert", "--no-compute", nullptr,
      ToXlate("leave points as they are; else coordinates are worked out from observations"),
@@ -66,7 +85,7 @@ constexpr auto kOptions = std::to_array<OptionRow>({
      ToXlate("as the job's settings say; none")},
     {"convert compute", "--add-prism-constant", nullptr,
      ToXlate("prism constants are not in the distances yet"), kNoFallback},
-    {"convert compute", "--crs", "AUTH:CODE",
+    {"convert compute plot", "--crs", "AUTH:CODE",
      ToXlate("reference system of the plane coordinates of GPS groups, such as EPSG:32632"),
      kNoFallback},
     {"convert", "--terrain", nullptr,
@@ -103,8 +122,6 @@ constexpr auto kOptions = std::to_array<OptionRow>({
     {"call", "--option", "KEY=VALUE", ToXlate("app-name=… or app-version=… (JB3 export)"),
      kNoFallback, true},
 
-    {"plot", "JOB|FILE", "", kNotShown, kNoFallback, true},
-
     {"*", "--lang", "en|it", ToXlate("language of all texts"), ToXlate("from the environment")},
     {"*", "--help", nullptr, ToXlate("this help"), kNoFallback},
     {"", "--version", nullptr, ToXlate("the version"), kNoFallback},
@@ -127,6 +144,11 @@ constexpr std::array kTerrainExamples = {
     "kalvio terrain survey/ --name ground",
     "kalvio terrain survey/ --name ground --codes 'EDGE*,WALL' --max-edge 40",
     "kalvio terrain points.csv --name ground --save survey/",
+};
+constexpr std::array kPlotExamples = {
+    "kalvio plot survey/ plan.pdf",
+    "kalvio plot rilievo.jb2 known.csv plan.svg --size 420x297 --scale 1:500",
+    "kalvio plot points.csv plan.png --no-codes",
 };
 constexpr std::array kShowExamples = {
     "kalvio show rilievo.jb2",
@@ -173,6 +195,10 @@ constexpr auto kCommands = std::to_array<CommandRow>({
      ToXlate("Triangulates the points of a job that have plane coordinates and an elevation, with "
              "breaklines by their codes, and adds the terrain model to the job."),
      kTerrainExamples, kUsualStatuses, 1, kAny},
+    {"plot", "[OPTION]... JOB|FILE... OUTPUT", ToXlate("Draws the plan of a job as a picture."),
+     ToXlate("Draws the plan of a job as an SVG, PDF or PNG picture: points with their names, "
+             "terrain models with contours, roads, a grid, a scale bar."),
+     kPlotExamples, kUsualStatuses, 2, kAny},
     {"show", "[OPTION]... JOB|FILE", ToXlate("Shows what a job or a survey file holds."),
      ToXlate("Shows what a job or a file holds: jobs, stations, points, extents."), kShowExamples,
      kUsualStatuses, 1, 1},
@@ -184,7 +210,6 @@ constexpr auto kCommands = std::to_array<CommandRow>({
     {"formats", "[OPTION]...", ToXlate("Lists the formats and what can be done with each."),
      ToXlate("Lists the formats and what can be done with each."), kFormatsExamples, kUsualStatuses,
      0, 0},
-    {"plot", "JOB|FILE OUTPUT", nullptr, nullptr, {}, kUsualStatuses, 0, kAny},
 });
 
 }  // namespace

@@ -11,7 +11,7 @@
 // Points that have no coordinates yet get them first, as in every conversion.
 int RunTerrain(const Arguments& arguments) {
   const auto name = arguments.Value("--name");
-  if (!name || name->empty()) {
+  if (!name || name->find_first_not_of(' ') == std::string::npos) {
     throw BadUsage(Xlate("--name says what the terrain model is called").ToUtf8());
   }
   const terrain::Choice choice = TerrainChoice(arguments);

@@ -5,24 +5,13 @@
 #include "host/store/file_trouble_catcher.h"
 #include "platform/numbers.h"
 #include "services/translate.h"
+#include "word_list.h"
 
 namespace {
 
-std::vector<std::string> Listed(std::string_view text) {
-  std::vector<std::string> words;
-  while (true) {
-    const std::size_t comma = text.find(',');
-    if (const std::string_view word = text.substr(0, comma); !word.empty()) {
-      words.emplace_back(word);
-    }
-    if (comma == std::string_view::npos) return words;
-    text.remove_prefix(comma + 1);
-  }
-}
-
 terrain::Kinds ReadKinds(const std::string& list) {
   terrain::Kinds kinds{false, false, false, false};
-  const std::vector<std::string> words = Listed(list);
+  const std::vector<std::string> words = WordList(std::string_view(list));
   for (const std::string& word : words) {
     if (word == "ts") {
       kinds.totalStation = true;
@@ -50,11 +39,11 @@ double ReadLength(const std::string& text) {
       Fill(Xlate("--max-edge: \"{1}\" is no length in metres"), {tdk::WString(text)}).ToUtf8());
 }
 
-bool HasModel(const CLibDtm& models, const std::string& name) {
-  for (int i = 0; i < models.GetPrjArSize(); ++i) {
-    if (models.GetPrjAt(i)->GetName().ToUtf8() == name) return true;
-  }
-  return false;
+// Why there is no triangle: what was left out comes first.
+std::string WhyNone(const TerrainReport& report) {
+  std::string why;
+  for (const std::string& remark : report.Remarks()) why += remark + "; ";
+  return why + Xlate("the points make no triangle").ToUtf8();
 }
 
 }  // namespace
@@ -62,15 +51,35 @@ bool HasModel(const CLibDtm& models, const std::string& name) {
 terrain::Choice TerrainChoice(const Arguments& arguments) {
   terrain::Choice choice;
   if (const auto kinds = arguments.Value("--points")) choice.kinds = ReadKinds(*kinds);
-  if (const auto codes = arguments.Value("--codes")) choice.breaklineCodes = Listed(*codes);
+  if (arguments.Has("--codes")) {
+    choice.breaklineCodes = WordList(arguments.All("--codes"));
+    if (choice.breaklineCodes.empty()) throw BadUsage(Xlate("--codes: no code is named").ToUtf8());
+  }
   if (const auto edge = arguments.Value("--max-edge")) choice.longestSide = ReadLength(*edge);
   return choice;
 }
 
+bool HasTerrain(HostDocument& document, const std::string& name) {
+  const CLibDtm& models = *document.GetLibDtm();
+  for (int i = 0; i < models.GetPrjArSize(); ++i) {
+    if (models.GetPrjAt(i)->GetName().ToUtf8() == name) return true;
+  }
+  return false;
+}
+
+std::string FreeTerrainName(HostDocument& document) {
+  const std::string first = "terrain";
+  std::string name = first;
+  for (std::int64_t n = 2; HasTerrain(document, name); ++n) {
+    name = first + " ";
+    platform::AppendWhole(name, n);
+  }
+  return name;
+}
+
 TerrainReport MakeTerrain(HostDocument& document, const std::string& name,
                           const terrain::Choice& choice) {
-  CLibDtm& models = *document.GetLibDtm();
-  if (HasModel(models, name)) {
+  if (HasTerrain(document, name)) {
     throw Failed(name, Xlate("the job has a terrain model of that name already").ToUtf8());
   }
   const FileTroubleCatcher trouble;
@@ -80,14 +89,15 @@ TerrainReport MakeTerrain(HostDocument& document, const std::string& name,
   }
   TerrainReport report;
   report.chosen = terrain::Choose(document, choice);
-  CDtmPrj* const model = models.AddPrj(false);
+  if (report.chosen.source.points.empty()) {
+    throw Failed(name, Xlate("there is no point with plane coordinates and an elevation").ToUtf8());
+  }
+  CDtmPrj* const model = document.GetLibDtm()->AddPrj(false);
   if (model == nullptr) throw Failed(name, Xlate("the job takes no more of these").ToUtf8());
   model->SetName(tdk::WString(std::string_view(name)));
   report.model = model;
   report.findings = triangulator->Triangulate(std::move(report.chosen.source), *model);
-  if (model->GetTris().GetNoTris() == 0) {
-    throw Failed(name, Xlate("the points make no triangle").ToUtf8());
-  }
+  if (model->GetTris().GetNoTris() == 0) throw Failed(name, WhyNone(report));
   return report;
 }
 
@@ -113,6 +123,9 @@ std::string InWords(const TerrainReport& report) {
 
 std::vector<std::string> TerrainReport::Remarks() const {
   std::vector<std::string> remarks;
+  for (const std::string& code : chosen.unusedCodes) {
+    remarks.push_back(Fill(Xlate("no point has the code \"{1}\""), {tdk::WString(code)}).ToUtf8());
+  }
   const auto add = [&](std::uint64_t count, const tdk::WString& one, const tdk::WString& many) {
     if (count != 0) remarks.push_back(console::Count(count, one, many));
   };

@@ -21,6 +21,11 @@ struct TerrainReport {
   std::vector<std::string> Remarks() const;
 };
 
+bool HasTerrain(HostDocument& document, const std::string& name);
+
+/// "terrain", or the first of "terrain 2", "terrain 3", … that the job does not have.
+std::string FreeTerrainName(HostDocument& document);
+
 /// Adds a terrain model to the job. Throws Failure when there is one of that name already, or when
 /// the points make no triangle.
 TerrainReport MakeTerrain(HostDocument& document, const std::string& name,

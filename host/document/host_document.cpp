@@ -1,10 +1,9 @@
 #include "host/document/host_document.h"
 
-HostDocument::HostDocument() = default;
+HostDocument::HostDocument() : drawing_(0, nullptr, /*temporary=*/false) {}
 HostDocument::~HostDocument() = default;
 
-// There is no drawing engine yet.
-CTcadEng* HostDocument::GetCadEngine() { return nullptr; }
+CTcadEng* HostDocument::GetCadEngine() { return &drawing_; }
 CLibCmp* HostDocument::GetLibCmp() { return &totalStation_; }
 CLibGps* HostDocument::GetLibGps() { return &gps_; }
 CLibPnt* HostDocument::GetLibPnt() { return &knownPoints_; }

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "model/exchange_context.h"
+#include "model/tcad_eng.h"
 #include "services/ini_file.h"
 
 /// All libraries of one job, in memory, and its settings.
@@ -31,5 +32,6 @@ class HostDocument : public ExchangeContext {
   gis::CLibGis gis_;
   CLibDtm terrain_;
   CLibRoad roads_;
+  CTcadEng drawing_;
   JobSettings settings_;
 };

@@ -3,6 +3,7 @@
 
 #include "host/store/database.h"
 #include "host/store/folder_design.h"
+#include "host/store/folder_drawing.h"
 #include "host/store/folder_job.h"
 #include "host/store/folder_rows.h"
 #include "host/store/progress.h"
@@ -16,6 +17,7 @@ std::uint64_t CountRecordsIn(const Database& database) {
   if (HoldsDesign(database)) {
     tables.insert(tables.end(), {kVertexTable.name, kTriangleTable.name});
   }
+  if (HoldsDrawing(database)) tables.push_back(kEntityTable.name);
   for (const char* table : tables) {
     // Rows are numbered from 1, and the last number is found without counting.
     count += database.WholeOf(std::string("SELECT coalesce(max(rowid), 0) FROM ") + table);
@@ -36,6 +38,7 @@ class FolderReader {
     ReadGps();
     ReadKnownPoints();
     if (HoldsDesign(database_)) ReadDesign(database_, document_, progress_);
+    if (HoldsDrawing(database_)) ReadDrawing(database_, *document_.GetCadEngine(), progress_);
     ForEachRow(database_, kTargetsTable,
                [&](const auto& row, const RowParents&) { Store(row, document_); });
     ForEachRow(database_, kCurrentTable, [&](const auto& row, const RowParents&) { Select(row); });

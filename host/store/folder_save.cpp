@@ -4,6 +4,7 @@
 #include "host/store/database.h"
 #include "host/store/file_trouble_catcher.h"
 #include "host/store/folder_design.h"
+#include "host/store/folder_drawing.h"
 #include "host/store/folder_job.h"
 #include "host/store/folder_rows.h"
 #include "host/store/progress.h"
@@ -34,6 +35,7 @@ class FolderWriter {
     WriteGps();
     WriteKnownPoints();
     WriteDesign(database_, document_, progress_);
+    WriteDrawing(database_, *document_.GetCadEngine(), progress_);
     Inserter(database_, kTargetsTable).Add(TargetsOf(document_));
     Inserter(database_, kCurrentTable).Add(CurrentOf(document_));
   }

@@ -15,3 +15,7 @@ bool HoldsJob(const Database& database) {
 bool HoldsDesign(const Database& database) {
   return database.WholeOf("PRAGMA user_version") >= kVersionWithDesign;
 }
+
+bool HoldsDrawing(const Database& database) {
+  return database.WholeOf("PRAGMA user_version") >= kVersionWithDrawing;
+}

@@ -1,31 +1,31 @@
-// The tables of a job's database, made from the tables of fields.
+// The tables of a job's database.
 #pragma once
 
-#include <concepts>
 #include <cstdint>
-#include <string>
-#include <type_traits>
 
 #include "host/store/database.h"
+#include "host/store/drawing_records.h"
 #include "host/store/fields.h"
 #include "host/store/records.h"
 #include "host/store/road_records.h"
+#include "host/store/stored_table.h"
 
 /// Marks the file as ours ("KLVJ"), and the layout of its tables.
 inline constexpr std::int64_t kApplicationId = 0x4B4C564A;
-inline constexpr std::int64_t kSchemaVersion = 2;
+inline constexpr std::int64_t kSchemaVersion = 3;
 /// The first layout with terrain and roads.
 inline constexpr std::int64_t kVersionWithDesign = 2;
+/// The first layout with a drawing.
+inline constexpr std::int64_t kVersionWithDrawing = 3;
 
 /// Whether there is a job in the database; false for one that is new. Fails when it is something
 /// else, or a job that a newer version wrote.
 bool HoldsJob(const Database& database);
 /// Whether the job was written with tables of terrain and roads.
 bool HoldsDesign(const Database& database);
+/// The same of a drawing.
+bool HoldsDrawing(const Database& database);
 
-/// Which object a row belongs to: the columns with its position, after those of its own parents.
-using Parents = std::span<const std::string_view>;
-inline constexpr std::size_t kMostParents = 3;
 inline constexpr std::array<std::string_view, 2> kOfStation = {"parent_job", "parent_station"};
 inline constexpr Parents kOfJob = std::span(kOfStation).first(1);
 inline constexpr std::array<std::string_view, 1> kOfGroup = {"parent_group"};
@@ -36,76 +36,8 @@ inline constexpr std::array<std::string_view, kMostParents> kOfLine = {
 inline constexpr Parents kOfRoad = std::span(kOfLine).first(1);
 inline constexpr Parents kOfSection = std::span(kOfLine).first(2);
 
-/// Writes lists of columns, each with `suffix` behind its name.
-class ColumnList {
- public:
-  void Add(std::string_view name, std::string_view suffix = {}) {
-    text_.append(text_.empty() ? "\"" : ", \"").append(name).append("\"").append(suffix);
-    ++count_;
-  }
-  const std::string& Text() const { return text_; }
-  std::size_t Count() const { return count_; }
-
- private:
-  std::string text_;
-  std::size_t count_ = 0;
-};
-
-/// How a column of values of that type is declared. Numbers with decimals go into columns of any
-/// type, for one of type REAL would store -0.0 as 0.
-template <class Value>
-constexpr std::string_view Declaration() {
-  if (std::is_same_v<Value, std::string>) return " TEXT NOT NULL";
-  return std::integral<Value> ? " INTEGER NOT NULL" : " ANY";
-}
-template <class Value>
-struct PartOf {
-  using Type = Value;
-};
-template <class Part, std::size_t size>
-struct PartOf<std::array<Part, size>> {
-  using Type = Part;
-};
-
-/// One table: its name, what its rows belong to, and the record that they hold. The order of its
-/// rows is the order in which they were written.
-template <class Record>
-struct StoredTable {
-  const char* name;
-  Parents parents = {};
-
-  std::string Drop() const { return std::string("DROP TABLE IF EXISTS ") + name; }
-  std::string Create() const {
-    return std::string("CREATE TABLE ") + name + " (" + Columns(/*declared=*/true).Text() +
-           ") STRICT";
-  }
-  std::string Insert() const {
-    const ColumnList columns = Columns();
-    std::string values = "?";
-    for (std::size_t i = 1; i < columns.Count(); ++i) values += ",?";
-    return std::string("INSERT INTO ") + name + " (" + columns.Text() + ") VALUES (" + values + ")";
-  }
-  std::string Select() const {
-    return "SELECT " + Columns().Text() + " FROM " + name + " ORDER BY rowid";
-  }
-
- private:
-  ColumnList Columns(bool declared = false) const {
-    ColumnList columns;
-    for (const std::string_view column : parents) {
-      columns.Add(column, declared ? Declaration<int>() : "");
-    }
-    ForEachField<Record>([&](const auto& field) {
-      using Value = std::remove_cvref_t<decltype(std::declval<Record&>().*field.member)>;
-      const std::string_view suffix = declared ? Declaration<typename PartOf<Value>::Type>() : "";
-      if (field.parts.empty()) columns.Add(field.key, suffix);
-      for (const std::string_view part : field.parts) {
-        columns.Add(std::string(field.key).append("_").append(part), suffix);
-      }
-    });
-    return columns;
-  }
-};
+inline constexpr std::array<std::string_view, 1> kOfBlock = {"parent_block"};
+inline constexpr std::array<std::string_view, 1> kOfEntity = {"parent_entity"};
 
 inline constexpr StoredTable<JobRecord> kJobTable{"jobs"};
 inline constexpr StoredTable<StationRecord> kStationTable{"stations", kOfJob};
@@ -164,10 +96,9 @@ struct StoredVertexRecord : VertexRecord {
 
   static constexpr auto Fields() {
     using R = StoredVertexRecord;
-    return std::tuple_cat(
-        VertexRecord::Fields(),
-        std::tuple{Field{"has_curve", &R::hasCurve}, Field{"curve_start", &R::curveStart},
-                   Field{"curve_end", &R::curveEnd}});
+    return std::tuple_cat(VertexRecord::Fields(), std::tuple{Field{"has_curve", &R::hasCurve},
+                                                             Field{"curve_start", &R::curveStart},
+                                                             Field{"curve_end", &R::curveEnd}});
   }
 };
 
@@ -185,6 +116,40 @@ inline constexpr StoredTable<SectionRecord> kSectionTable{"road_sections", kOfRo
 inline constexpr StoredTable<VertexRecord> kSectionTerrainTable{"road_terrain", kOfSection};
 inline constexpr StoredTable<LineRecord> kLineTable{"road_lines", kOfSection};
 inline constexpr StoredTable<StoredVertexRecord> kLineVertexTable{"road_vertices", kOfLine};
+
+/// The block of an entity that is in the drawing itself.
+inline constexpr int kNoBlock = -1;
+
+struct EntityPointRecord {
+  SpaceRecord place{};
+  double bulge = 0;
+
+  static constexpr auto Fields() {
+    using R = EntityPointRecord;
+    return std::tuple{Field{"place", &R::place, kAxes}, Field{"bulge", &R::bulge}};
+  }
+};
+
+struct AttributeRecord {
+  std::string tag;
+  std::string text;
+
+  static constexpr auto Fields() {
+    using R = AttributeRecord;
+    return std::tuple{Field{"tag", &R::tag}, Field{"text", &R::text}};
+  }
+};
+
+inline constexpr StoredTable<LayerRecord> kLayerTable{"drawing_layers"};
+inline constexpr StoredTable<BlockRecord> kBlockTable{"drawing_blocks"};
+inline constexpr StoredTable<AttributeDefinitionRecord> kDefinitionTable{"drawing_attributes",
+                                                                         kOfBlock};
+// Those of the blocks come first, block by block; who belongs to an entity has its position among
+// all of them.
+inline constexpr StoredTable<EntityRecord> kEntityTable{"drawing_entities", kOfBlock};
+inline constexpr StoredTable<EntityPointRecord> kEntityPointTable{"drawing_points", kOfEntity};
+inline constexpr StoredTable<AttributeRecord> kAttributeTable{"drawing_insert_attributes",
+                                                              kOfEntity};
 
 /// Calls `visit` with each table.
 template <class Visit>
@@ -212,4 +177,10 @@ void ForEachTable(Visit visit) {
   visit(kSectionTerrainTable);
   visit(kLineTable);
   visit(kLineVertexTable);
+  visit(kLayerTable);
+  visit(kBlockTable);
+  visit(kDefinitionTable);
+  visit(kEntityTable);
+  visit(kEntityPointTable);
+  visit(kAttributeTable);
 }

@@ -73,7 +73,7 @@ struct JsonJobReader::Levels {
       {"roads", kList, &R::Select<&R::road_>, &R::BeginRoad, &R::EndRoad, kRoad},
       {"gis", Form::kNotHeld},
       {"cadastral", Form::kNotHeld},
-      {"drawing", Form::kNotHeld}};
+      {"drawing", Form::kObject, nullptr, nullptr, nullptr, kDrawing}};
 
   static constexpr Level kDocument = {"",      Form::kObject,   nullptr,
                                       nullptr, &R::EndDocument, kMembers};
@@ -125,15 +125,7 @@ bool JsonJobReader::TakeValue(const JsonValue& value) {
   std::string expected = "an object";
   if (!levels_.empty()) {
     RequireHeld();
-    if (!place_.InList()) {
-      expected = PutMember(value);
-    } else if (levels_.back() == &Levels::kParts) {
-      expected = PutPart(value);
-    } else if (levels_.back()->form == Form::kRow) {
-      expected = PutNumber(value);
-    } else if (levels_.back()->form == Form::kListOfLists) {
-      expected = "a list";
-    }
+    expected = place_.InList() ? PutListed(value) : PutMember(value);
   }
   if (!expected.empty()) Fail("expected " + expected + ", found " + InWords(value));
   return true;
@@ -147,8 +139,7 @@ bool JsonJobReader::Open(bool isList) {
   place_.Enter(isList);
   levels_.push_back(level);
   part_ = 0;
-  const bool isOfLists = level->form == Form::kListOfLists || level->form == Form::kRow;
-  if (isList == isOfLists && level->begin != nullptr) (this->*level->begin)();
+  if (isList == IsOfLists(level->form) && level->begin != nullptr) (this->*level->begin)();
   return true;
 }
 
@@ -157,10 +148,9 @@ const JsonJobReader::Level* JsonJobReader::LevelOf(bool isList) {
   if (levels_.empty()) return isList ? nullptr : &Levels::kDocument;
   RequireHeld();
   if (!place_.InList()) return LevelOfMember(isList);
-  if (levels_.back()->form == Form::kListOfLists) {
-    return isList ? &levels_.back()->below.front() : nullptr;
-  }
-  if (levels_.back()->form == Form::kRow) return nullptr;
+  const Form form = levels_.back()->form;
+  if (form == Form::kListOfLists) return isList ? &levels_.back()->below.front() : nullptr;
+  if (form == Form::kRow || form == Form::kNumbers) return nullptr;
   return isList || levels_.back() == &Levels::kParts ? nullptr : levels_.back();
 }
 
@@ -211,6 +201,20 @@ std::string JsonJobReader::PutMember(const JsonValue& value) {
       slot_);
 }
 
+std::string JsonJobReader::PutListed(const JsonValue& value) {
+  if (levels_.back() == &Levels::kParts) return PutPart(value);
+  switch (levels_.back()->form) {
+    case Form::kRow:
+      return PutNumber(value);
+    case Form::kNumbers:
+      return PutLoneNumber(value);
+    case Form::kListOfLists:
+      return "a list";
+    default:
+      return "an object";
+  }
+}
+
 std::string JsonJobReader::PutPart(const JsonValue& value) {
   return std::visit(
       [&](auto field) -> std::string {
@@ -227,6 +231,12 @@ std::string JsonJobReader::PutPart(const JsonValue& value) {
 std::string JsonJobReader::PutNumber(const JsonValue& value) {
   if (part_ == levels_.back()->columns) return ExpectedParts(part_);
   return Put(value, row_[part_++]);
+}
+
+std::string JsonJobReader::PutLoneNumber(const JsonValue& value) {
+  std::string expected = Put(value, row_[0]);
+  if (expected.empty()) (this->*levels_.back()->end)();
+  return expected;
 }
 
 std::string JsonJobReader::PutSetting(const JsonValue& value) {
@@ -274,19 +284,8 @@ bool JsonJobReader::end_array() {
   if (level.form == Form::kRow && part_ != level.columns) {
     Fail("expected " + ExpectedParts(level.columns));
   }
-  const bool isOfLists = level.form == Form::kListOfLists || level.form == Form::kRow;
-  if (isOfLists && level.end != nullptr) (this->*level.end)();
+  if (IsOfLists(level.form) && level.end != nullptr) (this->*level.end)();
   return true;
-}
-
-template <auto record>
-JsonJobReader::Slot JsonJobReader::Select(std::string_view key) {
-  auto& target = this->*record;
-  Slot slot;
-  ForEachField<std::remove_reference_t<decltype(target)>>([&](const auto& field) {
-    if (field.key == key) slot = &(target.*field.member);
-  });
-  return slot;
 }
 
 JsonJobReader::Slot JsonJobReader::SelectCurrent(std::string_view key) {

@@ -6,9 +6,11 @@
 #include <span>
 #include <string>
 #include <string_view>
+#include <type_traits>
 #include <variant>
 #include <vector>
 
+#include "host/store/drawing_builder.h"
 #include "host/store/json_place.h"
 #include "host/store/json_values.h"
 #include "host/store/progress.h"
@@ -53,10 +55,11 @@ class JsonJobReader {
                    std::uint32_t*, std::uint64_t*, std::int32_t*, GeocentricRecord*, PlaceRecord*,
                    CovarianceRecord*, std::array<std::string, 4>*, std::array<int, 2>*, Setting*>;
 
-  // A row is a list of numbers.
-  enum class Form { kObject, kListOfObjects, kListOfLists, kRow, kNotHeld };
+  // A row is a list of a certain number of numbers.
+  enum class Form { kObject, kListOfObjects, kListOfLists, kRow, kNumbers, kNotHeld };
   // One kind of object in the document: where it stands in the object above, what it holds, what it
-  // leads to. `begin` and `end` are of each object; of a list of lists and of a row, of the list.
+  // leads to. `begin` and `end` are of each object; of a list of lists and of a row, of the list;
+  // of numbers, `end` is of each of them.
   struct Level {
     std::string_view key = {};  // in the object above; empty: any
     Form form = Form::kObject;
@@ -67,6 +70,8 @@ class JsonJobReader {
     std::size_t columns = 0;  // of a row
   };
   struct Levels;
+  struct DrawingLevels;
+  static const Level kDrawing[3];
 
   bool TakeValue(const JsonValue& value);
   bool Open(bool isList);
@@ -74,19 +79,31 @@ class JsonJobReader {
   const Level* LevelOfMember(bool isList);
   static const Level* Below(const Level& level, std::string_view key);
   static bool IsListForm(Form form) { return form != Form::kObject; }
+  static bool IsOfLists(Form form) { return form == Form::kListOfLists || form == Form::kRow; }
   void RequireHeld() const;
 
   std::string PutMember(const JsonValue& value);
   std::string PutPart(const JsonValue& value);
+  std::string PutListed(const JsonValue& value);
   std::string PutNumber(const JsonValue& value);
+  std::string PutLoneNumber(const JsonValue& value);
   std::string PutSetting(const JsonValue& value);
   void RequireAllParts() const;
 
   template <auto record>
-  Slot Select(std::string_view key);
+  Slot Select(std::string_view key) {
+    auto& target = this->*record;
+    Slot slot;
+    ForEachField<std::remove_reference_t<decltype(target)>>([&](const auto& field) {
+      if (field.key == key) slot = &(target.*field.member);
+    });
+    return slot;
+  }
   Slot SelectCurrent(std::string_view key);
   Slot SelectCurve(std::string_view key);
   Slot SelectSetting(std::string_view key);
+  Slot SelectEntity(std::string_view key);
+  Slot SelectAttribute(std::string_view key);
 
   template <class Object>
   Object* Added(Object* object) const {
@@ -133,6 +150,19 @@ class JsonJobReader {
   void BeginVertex();
   void EndVertex();
   void BeginCurve() { curve_.emplace(); }
+  void BeginLayer() { layer_ = {}; }
+  void EndLayer();
+  void BeginBlock();
+  void EndBlock();
+  void BeginDefinition() { definition_ = {}; }
+  void EndDefinition() { block_.attributes.push_back(DefinitionOf(definition_)); }
+  void BeginEntity();
+  void EndEntityOfBlock() { block_.entities.push_back(MadeEntity()); }
+  void EndEntity() { drawing_.Add(MadeEntity()); }
+  void EndEntityPoint() { entity_.points.emplace_back(row_[0], row_[1], row_[2]); }
+  void EndBulge() { entity_.bulges.push_back(row_[0]); }
+  cad::Entity MadeEntity();
+  void FinishDrawing();
   void BeginSection() { setting_.section = place_.KeyAbove(); }
   void EndDocument();
   void CountPoint();
@@ -177,4 +207,13 @@ class JsonJobReader {
   CRoad* openRoad_ = nullptr;
   CProfile* openSection_ = nullptr;
   CProfileAlti* openLine_ = nullptr;
+
+  DrawingBuilder drawing_{*document_.GetCadEngine()};
+  LayerRecord layer_;
+  BlockRecord blockRecord_;
+  AttributeDefinitionRecord definition_;
+  EntityRecord entity_;
+  bool endIsGiven_ = false;               // of the open entity
+  cad::Block block_;                      // the open one
+  std::vector<std::string> blockPlaces_;  // where each inserted block was named first
 };

@@ -71,8 +71,9 @@ void JsonJobReader::EndControl() {
 
 void JsonJobReader::EndTargets() { Store(targets_, document_); }
 
-// Only now are all stations and groups there.
+// Only now are all stations, groups, layers and blocks there.
 void JsonJobReader::EndDocument() {
+  FinishDrawing();
   place_.SetKey("current.station");
   if (selectsStation_ && !SelectStation(current_.station, document_))
     Fail("there is no such station");

@@ -5,6 +5,7 @@
 
 #include "host/store/file_trouble_catcher.h"
 #include "host/store/json_design_writer.h"
+#include "host/store/json_drawing_writer.h"
 #include "host/store/json_writer.h"
 #include "host/store/progress.h"
 #include "host/store/records.h"
@@ -47,6 +48,7 @@ class JobWriter {
     json_.BeginObject();
     json_.WriteMembers(TargetsOf(document_));
     json_.EndObject();
+    JsonDrawingWriter(json_, progress_, *document_.GetCadEngine()).Write();
     WriteSettings();
     json_.EndObject();
     json_.Finish();

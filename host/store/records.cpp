@@ -1,5 +1,7 @@
 #include "host/store/records.h"
 
+#include "host/store/drawing_records.h"
+
 namespace {
 
 std::string TextOf(const tdk::WString& text) { return text.ToUtf8(); }
@@ -246,5 +248,5 @@ std::uint64_t CountRecords(HostDocument& document) {
     add(triangulation.GetNoTriVrts());
     add(triangulation.GetNoTris());
   }
-  return count;
+  return count + CountStored(*document.GetCadEngine());
 }

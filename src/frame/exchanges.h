@@ -23,4 +23,8 @@ int ExportText(CWnd* parent, ExchangeContext& document, bool isText);
 
 int ExportLandXml(CWnd* parent, ExchangeContext& document);
 
+/// DXF and DWG.
+int ImportDrawing(CWnd* parent, ExchangeContext& document);
+int ExportDrawing(CWnd* parent, ExchangeContext& document);
+
 }  // namespace frame

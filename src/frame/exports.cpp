@@ -70,11 +70,13 @@ int FExportCSVFile(CWnd* parent, ExchangeContext* document, int /*unused*/) {
 }
 
 int FImportDXFDWGFile(CWnd* parent, ExchangeContext* document, int /*unused*/) {
-  return NotBuiltYet(parent, document, "DXF/DWG");
+  return Guarded(
+      parent, [&] { return frame::ImportDrawing(parent, *document); }, document);
 }
 
 int FExportDXFDWGFile(CWnd* parent, ExchangeContext* document, int /*unused*/) {
-  return NotBuiltYet(parent, document, "DXF/DWG");
+  return Guarded(
+      parent, [&] { return frame::ExportDrawing(parent, *document); }, document);
 }
 
 int FExportDATFile(CWnd* parent, ExchangeContext* document, int /*unused*/) {

@@ -9,6 +9,12 @@ namespace frame {
 std::span<const tdk::StringEntry> StringTable() {
   static constexpr std::array kTable = std::to_array<tdk::StringEntry>({
       {kTextNotBuiltYet, ToXlate("{1} files cannot be exchanged by this version yet.")},
+      {kTextError, ToXlate("Error !")},
+      // Versions of drawing files.
+      {1801, ToXlate("DWG AutoCAD 2000(*.DWG)")},
+      {1802, ToXlate("DWG AutoCAD R14(*.DWG)")},
+      {1803, ToXlate("DXF AutoCAD 2000(*.DXF)")},
+      {1804, ToXlate("DXF AutoCAD R12/LT2(*.DXF)")},
       // Fields of a full GPS export, by their codes; angle formats; fields of a full total-station
       // export. Spelled as they have always been.
       {1808, ToXlate("Name")},

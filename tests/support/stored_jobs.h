@@ -60,8 +60,8 @@ inline std::string ComplaintOfSave(const std::string& path, HostDocument& docume
 /// What the system says of an error, in the language of the process.
 inline std::string InWords(std::errc error) { return std::make_error_code(error).message(); }
 
-/// A job in which no key, terrain and roads aside, has the value that it has when left out, as it
-/// is written.
+/// A job in which no key, terrain, roads and the drawing aside, has the value that it has when left
+/// out, as it is written.
 inline constexpr std::string_view kFullJob = R"({
   "jobs": [
     {
