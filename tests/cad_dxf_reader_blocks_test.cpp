@@ -195,9 +195,10 @@ TEST_F(DxfReaderBlocks, BlockInItselfThroughOthersIsLeftOut) {
   ReadWith(Block("A", Insert("B")) + Block("B", Insert("D") + Insert("C")) +
                Block("C", Insert("D") + Insert("A")) + Block("D", kPoint),
            "");
-  EXPECT_THAT(InsertedBy("A"), ElementsAre("B"));
-  EXPECT_THAT(InsertedBy("B"), ElementsAre("D", "C"));
-  EXPECT_THAT(InsertedBy("C"), ElementsAre("D"));
+  // Which insert of the ring is cut is no matter; the others stay.
+  EXPECT_EQ(InsertedBy("A").size() + InsertedBy("B").size() + InsertedBy("C").size(), 4U);
+  EXPECT_THAT(InsertedBy("B"), testing::Contains("D"));
+  EXPECT_THAT(InsertedBy("C"), testing::Contains("D"));
   EXPECT_THAT(Notes(), ElementsAre("inserts of blocks that contain themselves are left out (1)"));
 }
 

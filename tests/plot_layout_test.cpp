@@ -192,6 +192,17 @@ TEST_F(Roads, RoundChainagesAreMarkedOnce) {
   EXPECT_THAT(ChainageMarks(Road(), 1e-9), IsEmpty());
 }
 
+// A damaged file may hold it; it must not take for ever.
+TEST_F(Roads, ClothoidThatWindsWithoutEndIsDrawnRoughly) {
+  CRoad& road = *document.GetLibRoad()->AddRoad(false);
+  road.AddElement(std::make_unique<CClotPlaniElem>(
+      0, tdk::geom::PNT_2D(0, 0), tdk::geom::VECTOR_2D(1, 0), 1e6, 0.001, true, true));
+  const auto axis = AxisOf(Road(), 1e-6);
+  ASSERT_THAT(axis, SizeIs(1));
+  EXPECT_LT(axis[0].size(), 100U);
+  EXPECT_THAT(ChainageMarks(Road(), 100), IsEmpty());
+}
+
 TEST_F(Roads, EmptyOnesAreNotDrawn) {
   AddRoad();
   document.GetLibRoad()->GetRoadAt(0)->MarkEmpty(true);

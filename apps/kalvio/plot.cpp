@@ -28,8 +28,15 @@ std::string TitleOf(HostDocument& document, const Sources& sources) {
 }
 
 std::string Number(double value) {
+  constexpr double kLargest = 1e15;
   std::string text;
-  platform::AppendShortest(text, value);
+  if (value >= kLargest) {
+    platform::AppendShortest(text, value);
+    return text;
+  }
+  platform::AppendFixed(text, value, 3);
+  while (text.ends_with('0')) text.pop_back();
+  if (text.ends_with('.')) text.pop_back();
   return text;
 }
 

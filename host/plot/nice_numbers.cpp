@@ -94,7 +94,12 @@ std::string CountText(std::uint64_t value) {
 }
 
 std::string ScaleText(double scale) {
-  const bool isWhole = scale == std::floor(scale) && scale < kLargestWhole;
+  if (scale >= kLargestWhole) {
+    std::string text;
+    platform::AppendShortest(text, scale);
+    return text;
+  }
+  const bool isWhole = scale == std::floor(scale);
   return isWhole ? CountText(static_cast<std::uint64_t>(scale))
                  : WithoutEmptyDecimals(FixedText(scale, 3));
 }

@@ -9,7 +9,8 @@ namespace plot {
 namespace {
 
 constexpr int kRoughChords = 64;
-constexpr double kMostChords = 20'000;
+constexpr double kMostChords = 5'000;
+constexpr double kMostRadii = 200;  // the length of a clothoid in its least radius
 constexpr int kMostMarks = 20'000;
 constexpr double kJoint = 1e-3;  // elements that are no farther apart join, metres
 constexpr double kPi = 3.14159265358979323846;
@@ -27,14 +28,22 @@ Place At(const CPlaniElem& element, double distance) {
 
 bool IsThere(const Place& place) { return IsDefined(place.x) && IsDefined(place.y); }
 
+double LeastRadius(const CPlaniElem& element) {
+  return std::min(element.GetRadius(0), element.GetRadius(element.GetLength()));
+}
+
+// No road winds so often; each place of such a clothoid takes long to work out.
+bool IsTwisted(const CPlaniElem& element) {
+  return element.GetType() == CPlaniElem::kClothoid &&
+         !(element.GetLength() <= kMostRadii * LeastRadius(element));
+}
+
 // A curve's chord of length s leaves it by s * s * curvature / 8.
 double ChordsOf(const CPlaniElem& element, double chordError) {
-  if (chordError == kRoughChord) return kRoughChords;
-  const double length = element.GetLength();
-  const double radius = std::min(element.GetRadius(0), element.GetRadius(length));
-  if (!(radius > 0)) return kMostChords;
+  const double radius = LeastRadius(element);
+  if (chordError == kRoughChord || IsTwisted(element) || !(radius > 0)) return kRoughChords;
   const double chord = std::min(std::sqrt(8 * chordError * radius), radius * kPi / 8);
-  return std::clamp(std::ceil(length / chord), 1.0, kMostChords);
+  return std::clamp(std::ceil(element.GetLength() / chord), 1.0, kMostChords);
 }
 
 Polyline LineOf(const CPlaniElem& element, double chordError) {
@@ -68,6 +77,7 @@ std::vector<Polyline> AxisOf(const CRoad& road, double chordError) {
 std::vector<ChainageMark> ChainageMarks(const CRoad& road, double step) {
   std::vector<ChainageMark> marks;
   for (const CPlaniElem* const element : ElementsOf(road)) {
+    if (IsTwisted(*element)) continue;
     const double start = element->GetProg();
     const Multiples chainages =
         MultiplesWithin(start, start + element->GetLength(), step, kMostMarks);

@@ -30,11 +30,10 @@ int BlockTable::IdOf(std::string_view name) {
   return found->second;
 }
 
-void BlockTable::Define(std::string_view name, cad::Block block) {
-  Item& item = items_[static_cast<std::size_t>(IdOf(name))];
+void BlockTable::Define(int id, cad::Block block) {
+  Item& item = items_[static_cast<std::size_t>(id)];
   if (item.isWaiting || item.position >= 0) return;
   item.block = std::move(block);
-  item.block.name = text_.Name(name);
   item.isWaiting = true;
 }
 

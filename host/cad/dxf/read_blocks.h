@@ -23,7 +23,7 @@ class BlockTable {
   /// The id of a block as the file names it.
   int IdOf(std::string_view name);
   /// What is in a block, whose inserts name others by their ids. The first of a name holds.
-  void Define(std::string_view name, cad::Block block);
+  void Define(int id, cad::Block block);
   /// Moves all blocks that are defined since the last call into the engine. Inserts in them are
   /// left out, and told, when there is no such block or it would contain itself.
   void Deliver();

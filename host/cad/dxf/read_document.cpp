@@ -127,11 +127,12 @@ void DocumentReader::ReadBlock() {
     entities_.ReadPaper();
   } else {
     if (record_.HasFlag(70, kInOtherFile)) context_.notes.CountNotRead("XREF");
-    const std::string name(record_.Text(2));
+    const int id = context_.blocks.IdOf(record_.Text(2));
     cad::Block block;
+    block.name = context_.text.Name(record_.Text(2));
     block.base = record_.PointAt(10);
     entities_.ReadIntoBlock(block);
-    context_.blocks.Define(name, std::move(block));
+    context_.blocks.Define(id, std::move(block));
   }
 }
 
