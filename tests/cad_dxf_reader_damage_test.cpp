@@ -30,7 +30,8 @@ class DxfReaderDamage : public DxfReading {
     exchange_test::WriteFile(Path(), bytes);
     const std::size_t whole = bytes.rfind("EOF") + 3;
     for (std::size_t length = bytes.size(); length > 0; --length) {
-      if (mayCut(length)) ASSERT_EQ(TroubleOfCut(length, whole), "");
+      if (!mayCut(length)) continue;
+      ASSERT_EQ(TroubleOfCut(length, whole), "");
     }
   }
 };
@@ -40,7 +41,7 @@ TEST_F(DxfReaderDamage, DocumentWithEverythingIsRead) {
   EXPECT_TRUE(load.isLoaded) << load.errorLine << Error();
   EXPECT_EQ(engine.GetNoDrawings(), 4);
   EXPECT_EQ(engine.Blocks().size(), 2U);
-  EXPECT_EQ(engine.Entities().size(), 23U);
+  EXPECT_EQ(engine.Entities().size(), 22U);
   EXPECT_EQ(Notes().size(), 7U) << testing::PrintToString(Notes());
 }
 
