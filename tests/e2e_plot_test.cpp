@@ -40,9 +40,9 @@ std::uint32_t BigEndian(const std::string& bytes, std::size_t place) {
   return value;
 }
 
-class Plot : public testing::Test {
+class PlanPicture : public testing::Test {
  protected:
-  Plot() { folder.Write("points.csv", kPoints); }
+  PlanPicture() { folder.Write("points.csv", kPoints); }
   Outcome Run(std::vector<std::string> words) {
     words.insert(words.begin(), "plot");
     return RunKalvio(words, where);
@@ -61,7 +61,7 @@ class Plot : public testing::Test {
   Surroundings where{.folder = folder.Path()};
 };
 
-TEST_F(Plot, ThreeKindsOfPicturesComeOut) {
+TEST_F(PlanPicture, ThreeKindsOfPicturesComeOut) {
   const Outcome svg = Run({"points.csv", "plan.svg"});
   EXPECT_EQ(svg.status, 0) << svg.err;
   EXPECT_EQ(svg.out, "wrote plan.svg: 5 points; 297 × 210 mm, 1:400\n");
@@ -76,7 +76,7 @@ TEST_F(Plot, ThreeKindsOfPicturesComeOut) {
             (std::vector<std::string>{"plan.PDF", "plan.png", "plan.svg", "points.csv"}));
 }
 
-TEST_F(Plot, SvgHoldsNamesCoordinatesScaleAndNorthArrow) {
+TEST_F(PlanPicture, SvgHoldsNamesCoordinatesScaleAndNorthArrow) {
   const std::string svg = Svg({"points.csv"});
   for (const char* text : {"one", "three", "TREE", "&lt;&amp;&gt;", "points.csv", "5 known points",
                            "known point", "1:400", "0", "20 m", "N", "1020", "2040"}) {
@@ -88,14 +88,14 @@ TEST_F(Plot, SvgHoldsNamesCoordinatesScaleAndNorthArrow) {
 }
 
 // Whatever the locale, numbers have points.
-TEST_F(Plot, SvgIsWellFormedInNumbers) {
+TEST_F(PlanPicture, SvgIsWellFormedInNumbers) {
   const std::string svg = Svg({"points.csv"});
   EXPECT_THAT(svg, HasSubstr("<text x=\"13.00\" y=\"8.00\""));
   EXPECT_THAT(svg, Not(ContainsRegex(" d=\"[^\"]*,")));
   EXPECT_THAT(svg, testing::EndsWith("</svg>\n"));
 }
 
-TEST_F(Plot, OptionsLeaveNamesCodesAndTerrainOut) {
+TEST_F(PlanPicture, OptionsLeaveNamesCodesAndTerrainOut) {
   EXPECT_THAT(Svg({"points.csv", "--no-names"}),
               AllOf(Not(HasSubstr(Text("one"))), HasSubstr(Text("TREE"))));
   EXPECT_THAT(Svg({"points.csv", "--no-codes"}),
@@ -111,33 +111,33 @@ TEST_F(Plot, OptionsLeaveNamesCodesAndTerrainOut) {
                     HasSubstr(Text("one"))));
 }
 
-TEST_F(Plot, RoadHasItsNameAndChainages) {
+TEST_F(PlanPicture, RoadHasItsNameAndChainages) {
   folder.Write("road.xml", kRoad);
   EXPECT_THAT(Svg({"road.xml"}), AllOf(HasSubstr(Text("valley road")), HasSubstr(Text("0+200")),
                                        HasSubstr(Text("road axis"))));
 }
 
-TEST_F(Plot, StationsAndTheirPointsAreThere) {
+TEST_F(PlanPicture, StationsAndTheirPointsAreThere) {
   folder.Write("small.jb2", SmallJb2());
   const Outcome run = Run({"small.jb2", "plan.svg"});
   EXPECT_EQ(run.status, 0) << run.err;
   EXPECT_THAT(Bytes("plan.svg"), AllOf(HasSubstr(Text("S1")), HasSubstr(Text("station"))));
 }
 
-TEST_F(Plot, SeveralInputsAreOnePlan) {
+TEST_F(PlanPicture, SeveralInputsAreOnePlan) {
   folder.Write("more.csv", "five;1010;2010;100;X\n");
   EXPECT_THAT(Svg({"points.csv", "more.csv"}),
               AllOf(HasSubstr(Text("one")), HasSubstr(Text("five"))));
 }
 
-TEST_F(Plot, SizeAndScaleAreAsAskedFor) {
+TEST_F(PlanPicture, SizeAndScaleAreAsAskedFor) {
   const Outcome run = Run({"points.csv", "plan.pdf", "--size", "420x297", "--scale", "1:250"});
   EXPECT_EQ(run.out, "wrote plan.pdf: 5 points; 420 × 297 mm, 1:250\n");
   EXPECT_THAT(Svg({"points.csv", "--size", "420x297"}),
               AllOf(HasSubstr("width=\"1190.55"), HasSubstr("height=\"841.88")));
 }
 
-TEST_F(Plot, PngHasItsPixelsAndItsSizeOnPaper) {
+TEST_F(PlanPicture, PngHasItsPixelsAndItsSizeOnPaper) {
   EXPECT_EQ(Run({"points.csv", "plan.png", "--size", "1200x800"}).status, 0);
   const std::string png = Bytes("plan.png");
   EXPECT_EQ(BigEndian(png, 16), 1200U);
@@ -147,14 +147,14 @@ TEST_F(Plot, PngHasItsPixelsAndItsSizeOnPaper) {
   EXPECT_EQ(BigEndian(png, resolution + 4), 6734U);
 }
 
-TEST_F(Plot, PointsBeyondTheSheetAreTold) {
+TEST_F(PlanPicture, PointsBeyondTheSheetAreTold) {
   const Outcome run = Run({"points.csv", "plan.svg", "--scale", "1:100"});
   EXPECT_EQ(run.status, 0);
   EXPECT_EQ(run.out, "wrote plan.svg: 1 point; 297 × 210 mm, 1:100\n");
   EXPECT_EQ(run.err, "kalvio: plan.svg: 4 points lie beyond the sheet at this scale\n");
 }
 
-TEST_F(Plot, PointsWithoutCoordinatesAreTold) {
+TEST_F(PlanPicture, PointsWithoutCoordinatesAreTold) {
   folder.Write("small.jb2", SmallJb2() + PointWithoutDistance());
   const Outcome run = Run({"small.jb2", "plan.svg"});
   EXPECT_EQ(run.status, 0);
@@ -162,7 +162,7 @@ TEST_F(Plot, PointsWithoutCoordinatesAreTold) {
               HasSubstr("kalvio: plan.svg: 3 points without plane coordinates are left out\n"));
 }
 
-TEST_F(Plot, NamesThatWouldCollideAreThinnedOut) {
+TEST_F(PlanPicture, NamesThatWouldCollideAreThinnedOut) {
   std::string points;
   for (int i = 0; i < 2000; ++i) {
     points += "name" + std::to_string(i) + ";" + std::to_string(i % 50) + ";" +
@@ -179,7 +179,7 @@ TEST_F(Plot, NamesThatWouldCollideAreThinnedOut) {
   EXPECT_LT(names, 1000U);
 }
 
-TEST_F(Plot, NothingToDrawFailsAndLeavesAnOlderPicture) {
+TEST_F(PlanPicture, NothingToDrawFailsAndLeavesAnOlderPicture) {
   folder.Write("empty.json", "{}");
   folder.Write("plan.svg", "older");
   const Outcome run = Run({"empty.json", "plan.svg"});
@@ -194,7 +194,7 @@ TEST_F(Plot, NothingToDrawFailsAndLeavesAnOlderPicture) {
   EXPECT_EQ(Bytes("plan.svg"), "older");
 }
 
-TEST_F(Plot, PictureThatCannotBeWrittenFails) {
+TEST_F(PlanPicture, PictureThatCannotBeWrittenFails) {
   std::filesystem::create_directory(folder.File("plan.svg"));
   const Outcome run = Run({"points.csv", "plan.svg"});
   EXPECT_EQ(run.status, 1);
@@ -207,13 +207,13 @@ TEST_F(Plot, PictureThatCannotBeWrittenFails) {
   EXPECT_THAT(full.err, HasSubstr("No space left on device"));
 }
 
-TEST_F(Plot, InputThatIsNotThereFails) {
+TEST_F(PlanPicture, InputThatIsNotThereFails) {
   const Outcome run = Run({"nonesuch.csv", "plan.svg"});
   EXPECT_EQ(run.status, 1);
   EXPECT_THAT(run.err, StartsWith("kalvio: nonesuch.csv: "));
 }
 
-TEST_F(Plot, BadUsageNamesTheWord) {
+TEST_F(PlanPicture, BadUsageNamesTheWord) {
   const std::vector<std::pair<std::vector<std::string>, std::string>> cases = {
       {{"points.csv"}, "plot"},
       {{"points.csv", "plan.bmp"}, "plan.bmp"},
@@ -236,7 +236,7 @@ TEST_F(Plot, BadUsageNamesTheWord) {
   EXPECT_EQ(folder.Names(), std::vector<std::string>{"points.csv"});
 }
 
-TEST_F(Plot, SpeaksItalian) {
+TEST_F(PlanPicture, SpeaksItalian) {
   const Outcome run = Run({"points.csv", "plan.svg", "--lang", "it"});
   EXPECT_EQ(run.out, "scritto plan.svg: 5 punti; 297 × 210 mm, 1:400\n");
   EXPECT_THAT(Bytes("plan.svg"),
@@ -247,14 +247,14 @@ TEST_F(Plot, SpeaksItalian) {
               HasSubstr("non c'è nulla da disegnare"));
 }
 
-TEST_F(Plot, LeavesTheJobAsItWas) {
+TEST_F(PlanPicture, LeavesTheJobAsItWas) {
   folder.Write("job.json", R"({"controlPoints":[{"name":"C","x":1,"y":2}]})");
   const std::string before = Bytes("job.json");
   EXPECT_THAT(Svg({"job.json"}), AllOf(HasSubstr(Text("C")), HasSubstr(Text("control point"))));
   EXPECT_EQ(Bytes("job.json"), before);
 }
 
-TEST_F(Plot, OtherCommandsDoNotLoadWhatDraws) {
+TEST_F(PlanPicture, OtherCommandsDoNotLoadWhatDraws) {
   where.variables = {{"LD_DEBUG", "files"}};
   EXPECT_THAT(RunKalvio({"show", "points.csv"}, where).err, Not(HasSubstr("libcairo")));
   EXPECT_THAT(Run({"points.csv", "plan.svg"}).err, HasSubstr("libcairo"));

@@ -20,7 +20,7 @@ namespace {
 std::string TitleOf(HostDocument& document, const Sources& sources) {
   std::string path = AbsolutePath(sources.First());
   while (path.size() > 1 && path.ends_with('/')) path.pop_back();
-  const std::string file(platform::FileName(path));
+  std::string file(platform::FileName(path));
   const CLibCmp& surveys = *document.GetLibCmp();
   if (surveys.GetJobArSize() != 1) return file;
   const std::string job = surveys.GetJobAt(0)->GetNome().ToUtf8();

@@ -3,6 +3,7 @@
 #include <cairo/cairo-pdf.h>
 #include <cairo/cairo-svg.h>
 
+#include <cmath>
 #include <cstdint>
 
 #include "host/plot/nice_numbers.h"
@@ -61,7 +62,8 @@ std::string TextLayer(const std::vector<DrawnText>& texts) {
     layer.append("<text x=\"").append(x).append("\" y=\"").append(y).append("\"");
     if (text.angle != 0) {
       const std::string degrees = FixedText(text.angle * kDegreesPerRadian, 2);
-      layer.append(" transform=\"rotate(" + degrees + ' ' + x + ' ' + y + ")\"");
+      layer.append(" transform=\"rotate(").append(degrees);
+      layer.append(" ").append(x).append(" ").append(y).append(")\"");
     }
     layer.append(" font-size=\"" + FixedText(text.size, 2) + "\">");
     layer.append(Escaped(text.text)).append("</text>\n");
@@ -95,10 +97,10 @@ std::uint32_t Checksum(const std::string& bytes) {
 // How large the picture is on paper: programs print it to scale then.
 void AddResolution(std::string& png) {
   constexpr std::size_t kAfterHeader = 33;  // signature and first chunk
-  constexpr auto kPixelsPerMetre = static_cast<std::uint32_t>(kPixelsPerMillimetre * 1000 + 0.5);
+  const auto pixelsPerMetre = static_cast<std::uint32_t>(std::lround(kPixelsPerMillimetre * 1000));
   std::string content = "pHYs";
-  AppendBigEndian(content, kPixelsPerMetre);
-  AppendBigEndian(content, kPixelsPerMetre);
+  AppendBigEndian(content, pixelsPerMetre);
+  AppendBigEndian(content, pixelsPerMetre);
   content += '\1';  // pixels a metre
   std::string chunk;
   AppendBigEndian(chunk, static_cast<std::uint32_t>(content.size() - 4));

@@ -214,8 +214,8 @@ void LabelPlacer::AddContours(const std::vector<ContourLine>& contours, int deci
     const double length = contour.isFifth ? LengthOf(contour.line) : 0;
     if (length < kShortestContour) continue;
     const std::string text = FixedText(contour.elevation, decimals);
-    const double labels = std::floor(length / kContourLabelEvery) + 1;
-    for (double i = 0; i < labels; ++i) {
+    const int labels = static_cast<int>(length / kContourLabelEvery) + 1;
+    for (int i = 0; i < labels; ++i) {
       for (const double shift : {0.5, 0.35, 0.65, 0.2, 0.8}) {
         if (PlaceOnLine(contour.line, (i + shift) / labels, 0, text, TextKind::kContour)) break;
       }
