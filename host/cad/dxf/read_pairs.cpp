@@ -231,7 +231,9 @@ void PairStream::FailAtEnd() const {
   FailAt(line_ + (hasRest ? 1 : 0), Xlate("the file ends too early"));
 }
 
-void PairStream::FailAsNoDxf() const { throw Failure{1, Xlate("this is no DXF file")}; }
+void PairStream::FailAsNoDxf() const {
+  throw Failure{isBinary_ ? 0U : 1U, Xlate("this is no DXF file")};
+}
 
 // A binary file has no lines: its bytes are counted.
 void PairStream::FailAt(std::uint64_t line, const tdk::WString& reason) const {
