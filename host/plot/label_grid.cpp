@@ -91,9 +91,9 @@ bool LabelGrid::Take(const LabelBox& box) {
 void LabelGrid::OccupyLine(const Polyline& line) {
   for (const Polyline& part : ClipLine(cells_.Area(), line, 0)) {
     for (std::size_t i = 1; i < part.size(); ++i) {
-      const double steps = std::ceil(Distance(part[i - 1], part[i]) / (kCell / 2)) + 1;
-      for (double step = 0; step <= steps; ++step) {
-        cells_.Insert(Between(part[i - 1], part[i], step / steps));
+      const int steps = static_cast<int>(Distance(part[i - 1], part[i]) / (kCell / 2)) + 2;
+      for (int step = 0; step <= steps; ++step) {
+        cells_.Insert(Between(part[i - 1], part[i], static_cast<double>(step) / steps));
       }
     }
   }

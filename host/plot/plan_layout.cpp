@@ -85,6 +85,7 @@ Grid GridOf(const Sheet& sheet) {
   const auto lines = [&](double least, double most) {
     std::vector<double> places;
     const Multiples found = MultiplesWithin(least, most, grid.step);
+    places.reserve(static_cast<std::size_t>(found.count));
     for (int i = 0; i < found.count; ++i) places.push_back((found.first + i) * grid.step);
     return places;
   };
