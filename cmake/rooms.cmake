@@ -1,22 +1,44 @@
 # A room is a folder of sources and one target of the same name: kalvio_room(platform SOURCES ... USES ...).
 # Its objects go into one of the two shared libraries; USES names the rooms below it.
 
+add_library(kalvio_warnings INTERFACE)
+target_compile_options(kalvio_warnings INTERFACE -Wall -Wextra -Wshadow -Wconversion -Wnon-virtual-dtor)
+if(KALVIO_WERROR)
+  target_compile_options(kalvio_warnings INTERFACE -Werror)
+endif()
+
 add_library(kalvio_flags INTERFACE)
-target_compile_options(kalvio_flags INTERFACE -Wall -Wextra -Wshadow -Wconversion -Wnon-virtual-dtor)
+target_link_libraries(kalvio_flags INTERFACE kalvio_warnings)
 # Nobody replaces our functions at run time, so calls within a library need not go through its table.
 target_compile_options(kalvio_flags INTERFACE -fno-semantic-interposition)
-if(KALVIO_WERROR)
-  target_compile_options(kalvio_flags INTERFACE -Werror)
-endif()
+# Tests are compiled for a quick build: nobody waits for their own code, and a failure names its line without line
+# numbers for the debugger. What they test has all of the above.
+add_library(kalvio_test_flags INTERFACE)
+target_link_libraries(kalvio_test_flags INTERFACE kalvio_warnings)
+target_compile_options(kalvio_test_flags INTERFACE -O0 -g0)
 if(KALVIO_SANITIZE)
   target_compile_options(kalvio_flags INTERFACE -fsanitize=address,undefined -fno-sanitize-recover=all
                                                 -fno-omit-frame-pointer)
   target_link_options(kalvio_flags INTERFACE -fsanitize=address,undefined)
+  target_compile_options(kalvio_test_flags INTERFACE -fsanitize=address)
+  target_link_options(kalvio_test_flags INTERFACE -fsanitize=address,undefined)
 else()
   target_link_options(kalvio_flags INTERFACE -Wl,--no-undefined)
 endif()
 if(KALVIO_FUZZ)
   target_compile_options(kalvio_flags INTERFACE -fsanitize=fuzzer-no-link)
+endif()
+
+# The headers of the standard library that nearly every file includes, compiled once. Off where it would hide that a
+# file forgot one of them.
+option(KALVIO_PRECOMPILE "Compile the standard library's headers once" OFF)
+set(kalvio_common_headers <algorithm> <array> <cmath> <cstdint> <filesystem> <functional> <map> <memory> <optional>
+                          <span> <string> <string_view> <unordered_map> <utility> <variant> <vector>)
+if(KALVIO_PRECOMPILE)
+  file(WRITE ${CMAKE_BINARY_DIR}/common_headers.cpp "")
+  add_library(kalvio_common_headers OBJECT ${CMAKE_BINARY_DIR}/common_headers.cpp)
+  target_link_libraries(kalvio_common_headers PRIVATE kalvio_flags)
+  target_precompile_headers(kalvio_common_headers PRIVATE ${kalvio_common_headers})
 endif()
 
 function(kalvio_room name)
@@ -28,4 +50,7 @@ function(kalvio_room name)
   # library that lists the room.
   list(TRANSFORM ROOM_USES PREPEND kalvio_)
   target_link_libraries(kalvio_${name} PUBLIC ${ROOM_USES})
+  if(KALVIO_PRECOMPILE)
+    target_precompile_headers(kalvio_${name} REUSE_FROM kalvio_common_headers)
+  endif()
 endfunction()

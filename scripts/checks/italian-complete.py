@@ -2,6 +2,7 @@
 
 Collects the texts marked with Xlate or ToXlate with gettext's own tools and compares them with po/it.po.
 """
+import os
 import pathlib
 import subprocess
 import sys
@@ -9,7 +10,9 @@ import tempfile
 
 
 def run(*words):
-    return subprocess.run(words, capture_output=True, text=True, check=False)
+    """Runs a tool of gettext, which is to speak English here: its remarks are told apart by their words."""
+    return subprocess.run(words, capture_output=True, text=True, check=False,
+                          env={**os.environ, "LC_ALL": "C.UTF-8", "LANGUAGE": ""})
 
 
 def findings(root):

@@ -1,6 +1,7 @@
 // Binary DXF files, made from the "CODE VALUE" lines of a text file.
 #pragma once
 
+#include <charconv>
 #include <cstdint>
 #include <cstring>
 #include <string>
@@ -18,6 +19,13 @@ std::string LittleEndian(Number number) {
   return bytes;
 }
 
+/// The number of a text with a decimal point, whatever the locale has.
+inline double WithPoint(const std::string& text) {
+  double value = 0;
+  std::from_chars(text.data(), text.data() + text.size(), value);
+  return value;
+}
+
 inline std::string BinaryCode(int code, Codes codes) {
   if (codes == Codes::kTwoBytes) return LittleEndian(static_cast<std::int16_t>(code));
   if (code < 255) return {static_cast<char>(code)};
@@ -29,7 +37,7 @@ inline std::string BinaryValue(int code, const std::string& value) {
   const auto within = [code](int first, int last) { return code >= first && code <= last; };
   if (within(10, 59) || within(110, 149) || within(210, 239) || within(460, 469) ||
       within(1010, 1059)) {
-    return LittleEndian(std::stod(value));
+    return LittleEndian(WithPoint(value));
   }
   if (within(60, 79) || within(170, 179) || within(270, 289) || within(370, 389) ||
       within(400, 409) || within(1060, 1070)) {
