@@ -91,6 +91,19 @@ class DxfRealFile : public DxfReading, public testing::WithParamInterface<std::s
     load = ReadDxf(tdk::WString(path_), engine);
     ASSERT_TRUE(load.isLoaded) << load.errorLine << ' ' << Error();
   }
+  /// Each kind that is not read is told, with the number that the other reader counts.
+  void ExpectToldOf(const std::map<std::string, int>& counts) {
+    const std::set<std::string> read = {"point",   "line", "polyline", "circle", "arc",
+                                        "ellipse", "text", "insert",   "solid",  "face"};
+    for (const auto& [kind, count] : counts) {
+      if (read.contains(kind)) continue;
+      std::string name = kind;
+      std::transform(name.begin(), name.end(), name.begin(),
+                     [](char c) { return c >= 'a' && c <= 'z' ? static_cast<char>(c - 32) : c; });
+      EXPECT_THAT(Notes(),
+                  testing::Contains(name + " is not read (" + std::to_string(count) + ")"));
+    }
+  }
   std::string path_;
 };
 
@@ -117,6 +130,7 @@ TEST_P(DxfRealFile, HasTheLayersAndEntitiesThatAnotherReaderFinds) {
   for (const std::string& layer : found.layers) {
     EXPECT_NE(engine.GetDrawingFromName(0, tdk::WString(layer)), 0) << layer;
   }
+  ExpectToldOf(found.counts);
 }
 
 TEST_P(DxfRealFile, NothingInItIsBroken) {
@@ -140,6 +154,24 @@ TEST_P(DxfRealFile, IsRefusedOrToldOfWhereverItIsCut) {
   }
 }
 
+TEST_P(DxfRealFile, IsRefusedOrToldOfAtWhateverLineItEnds) {
+  constexpr std::size_t kMost = 2'000;
+  const std::string bytes = exchange_test::ReadFile(path_);
+  const std::size_t whole = bytes.rfind("EOF");
+  std::vector<std::size_t> ends;
+  for (std::size_t at = bytes.find('\n'); at < whole; at = bytes.find('\n', at + 1)) {
+    ends.push_back(at + 1);
+  }
+  const std::size_t step = ends.size() / kMost + 1;
+  exchange_test::WriteFile(Path(), bytes);
+  for (std::size_t i = 0; i < ends.size(); i += step) {
+    std::filesystem::resize_file(Path(), ends[ends.size() - 1 - i]);
+    CTcadEng cut(0, nullptr, false);
+    const CadLoad loaded = ReadDxf(tdk::WString(Path()), cut);
+    EXPECT_TRUE(loaded.errorLine > 0 || !loaded.notes.empty()) << ends[ends.size() - 1 - i];
+  }
+}
+
 INSTANTIATE_TEST_SUITE_P(Of, DxfRealFile,
                          testing::Values("ASCII_R12.dxf", "Leica_Disto_S910.dxf",
                                          "POLI-ALL210_12.DXF", "sample_AC1009_ascii.dxf",
@@ -160,6 +192,18 @@ std::int64_t Rounded(double number) { return std::llround(number * 1e6); }
 class DxfSampleForms : public DxfReading {
  protected:
   using Places = std::multiset<std::tuple<std::int64_t, std::int64_t, std::int64_t, std::string>>;
+
+  /// All layers, in capitals as the older version has them.
+  static std::set<std::string> LayersOf(const CTcadEng& drawing) {
+    std::set<std::string> layers;
+    for (int id = 1; id <= drawing.GetNoDrawings(); ++id) {
+      std::string name = drawing.GetDrawingName(id).ToUtf8();
+      std::transform(name.begin(), name.end(), name.begin(),
+                     [](unsigned char c) { return static_cast<char>(std::toupper(c)); });
+      layers.insert(name);
+    }
+    return layers;
+  }
 
   /// What all versions hold alike: kind, place and what goes with it.
   static Places PlacesOf(const CTcadEng& drawing) {

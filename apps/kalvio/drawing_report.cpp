@@ -59,13 +59,17 @@ void ReportKinds(const CTcadEng& engine) {
     if (counts[i] == 0) continue;
     line += (line.empty() ? "" : ", ") + Number(counts[i]) + " " + Text(Xlate(kKinds[i]));
   }
-  console::Out(std::string(kIndent, ' ') + line + "\n");
+  if (const std::size_t blocks = engine.Blocks().size(); blocks > 0) {
+    line += (line.empty() ? "" : "; ") +
+            console::Count(blocks, Xlate("{1} block"), Xlate("{1} blocks"));
+  }
+  if (!line.empty()) console::Out(std::string(kIndent, ' ') + line + "\n");
 }
 
 }  // namespace
 
 void ReportDrawing(const CTcadEng& engine, bool all) {
-  if (engine.Entities().empty() && engine.GetNoDrawings() == 1) return;
+  if (engine.Entities().empty() && engine.Blocks().empty() && engine.GetNoDrawings() == 1) return;
   ReportLayers(engine, all);
-  if (!engine.Entities().empty()) ReportKinds(engine);
+  ReportKinds(engine);
 }

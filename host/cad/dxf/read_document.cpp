@@ -101,6 +101,7 @@ void DocumentReader::ReadTables() {
     if (pairs_.Is(0, "LAYER")) {
       record_.Read(pairs_);
       context_.layers.Take(record_);
+      if (record_.HasPattern()) context_.notes.Count(Note::kLineType);
     } else {
       pairs_.Advance();
     }

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstdlib>
+#include <utility>
 
 namespace dxf_reader {
 namespace {
@@ -72,6 +73,8 @@ void EntityReader::ReadOne() {
   }
   drawing_ = context_.layers.IdOf(fields_.Layer());
   color_ = ColorOf(fields_);
+  if (fields_.HasPattern()) context_.notes.Count(Note::kLineType);
+  if (HasWidth()) context_.notes.Count(Note::kWidth);
   (this->*rule->take)();
 }
 
@@ -92,6 +95,13 @@ bool EntityReader::IsLeftOut() {
   if (fields_.Whole(60) != 1) return false;
   context_.notes.Count(Note::kInvisible);
   return true;
+}
+
+// The thickness of any entity, and the widths of polylines' lines; others have sizes at 40 to 43.
+bool EntityReader::HasWidth() {
+  constexpr int kThickness = 39;
+  const bool isWide = std::exchange(isWide_, false);
+  return isWide || fields_.Real(kThickness) != 0;
 }
 
 bool EntityReader::SkipRecord() {

@@ -62,6 +62,7 @@ class EntityReader {
   void ReadOne();
   void CountOther(std::string_view kind);
   bool IsLeftOut();
+  bool HasWidth();
   // Goes on to the next record; whether the one before was of the paper space.
   bool SkipRecord();
   void SkipFollowers();
@@ -117,6 +118,7 @@ class EntityReader {
   int drawing_ = 1;  // of the entity that is read
   std::uint16_t color_ = cad::kByLayer;
   cad::PolylineShape line_;
+  bool isWide_ = false;  // a width of the polyline is not zero
   std::vector<Vertex> vertices_;
   Spline spline_;
   std::string lines_;

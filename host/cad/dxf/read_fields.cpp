@@ -10,9 +10,18 @@ int Fields::Narrowed(std::int64_t number) {
   return static_cast<int>(std::clamp(number, -kMost, kMost));
 }
 
+bool Fields::HasPattern() const {
+  if (!Has(6)) return false;
+  std::string name = texts_[6];
+  std::transform(name.begin(), name.end(), name.begin(), [](char c) {
+    return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c;
+  });
+  return !name.empty() && name != "CONTINUOUS" && name != "BYLAYER" && name != "BYBLOCK";
+}
+
 void Fields::Begin(PairStream& pairs) {
   pairs_ = &pairs;
-  for (const int code : {1, 2, 3, 8}) {
+  for (const int code : {1, 2, 3, 6, 8}) {
     if (Has(code)) texts_[Index(code)].clear();
   }
   has_ = {};
@@ -37,7 +46,7 @@ void Fields::Store() {
   } else if (code >= kFirstWhole && code < kEnd) {
     MarkAs(code);
     wholes_[Index(code - kFirstWhole)] = Narrowed(pairs_->Whole());
-  } else if ((code >= 1 && code <= 3) || code == static_cast<int>(kLayerCode)) {
+  } else if ((code >= 1 && code <= 3) || code == 6 || code == static_cast<int>(kLayerCode)) {
     StoreText(Index(code));
   } else if (code == 210 || code == 220 || code == 230) {
     StoreExtrusion(code);

@@ -11,7 +11,7 @@
 
 namespace dxf_reader {
 
-/// Keeps the texts of codes 1 to 3 and 8, the numbers of 10 to 79 and the extrusion direction;
+/// Keeps the texts of codes 1 to 3, 6 and 8, the numbers of 10 to 79 and the extrusion direction;
 /// the last value of a code holds. One object is for many records, one after the other.
 class Fields {
  public:
@@ -45,6 +45,8 @@ class Fields {
   /// As it is in the file; empty when it is not there.
   std::string_view Text(int code) const { return texts_[Index(code)]; }
   std::string_view Layer() const { return texts_[kLayerCode]; }
+  /// Whether a record names a linetype other than a continuous line or that of its layer or block.
+  bool HasPattern() const;
   const cad::Point& Extrusion() const { return extrusion_; }
   bool HasExtrusion() const { return hasExtrusion_; }
 

@@ -63,8 +63,8 @@ void MakeTargetsCurrent(ExchangeContext& /*document*/, CTcadEng& engine) {
   }
 }
 
-void DrawAll(ExchangeContext& document, CTcadEng& engine, CDocSymbolManager& symbols,
-             bool explode) {
+std::uint64_t DrawAll(ExchangeContext& document, CTcadEng& engine, CDocSymbolManager& symbols,
+                      bool explode) {
   CDisPtNome names(&engine, &symbols, &document);
   CDisLibCmp jobs(&engine, &symbols, &document, true);
   CDisLibGps gps(&engine, &symbols, document.GetLibGps(), true);
@@ -83,6 +83,7 @@ void DrawAll(ExchangeContext& document, CTcadEng& engine, CDocSymbolManager& sym
   roads.AddAllRoads();
   profiles.AddAllProfiles();
   themes.RiCreaTutto();
+  return jobs.NotDrawn() + gps.NotDrawn() + known.NotDrawn();
 }
 
 }  // namespace display

@@ -1,6 +1,6 @@
 #include "services/display/symbols.h"
 
-#include <string_view>
+#include <algorithm>
 
 namespace {
 
@@ -31,6 +31,15 @@ cad::Block MakeBlock(Symbol symbol) {
 }  // namespace
 
 namespace display {
+
+bool IsFieldBookBlock(std::string_view name) {
+  const auto isSameLetter = [](char known, char c) {
+    return known == (c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c);
+  };
+  return std::any_of(kNames.begin(), kNames.end(), [&](std::string_view known) {
+    return std::equal(known.begin(), known.end(), name.begin(), name.end(), isSameLetter);
+  });
+}
 
 // Triangles for what a survey stands on, a square for the base of a GPS group.
 std::vector<cad::PolylineShape> SymbolLines(Symbol symbol) {
