@@ -180,15 +180,34 @@ TEST_F(DxfReaderTolerance, LayerWithDashedLinesIsTold) {
   EXPECT_EQ(Notes().size(), 1U);
 }
 
-TEST_F(DxfReaderTolerance, ThicknessAndWidthsAreTold) {
+TEST_F(DxfReaderTolerance, LooksThatAreLostAreTold) {
+  const std::vector<std::string> losing = {
+      "0 LINE\n39 0.5\n10 1\n",
+      "0 LINE\n370 50\n10 1\n",
+      "0 POINT\n420 255\n10 1\n",
+      "0 POINT\n440 33554559\n10 1\n",
+      "0 LWPOLYLINE\n43 0.2\n10 1\n20 1\n10 2\n20 2\n",
+      "0 LWPOLYLINE\n10 1\n20 1\n40 0.1\n41 0\n10 2\n20 2\n",
+      "0 POLYLINE\n41 0.3\n0 VERTEX\n10 1\n0 SEQEND\n",
+      "0 TEXT\n40 5\n41 2\n1 x\n",
+      "0 TEXT\n40 5\n51 15\n1 x\n",
+      "0 TEXT\n40 5\n7 ROMANS\n39 2\n41 2\n1 x\n",
+  };
+  for (const std::string& lines : losing) {
+    ReadEntities(lines);
+    EXPECT_THAT(Notes(), ElementsAre("layers and entities lose thickness, width, line weight, true "
+                                     "colour or text style (1)"))
+        << lines;
+  }
+  EXPECT_EQ(engine.Entities().size(), losing.size());
+}
+
+TEST_F(DxfReaderTolerance, UsualLooksAreNotTold) {
   ReadEntities(
-      "0 LINE\n39 0.5\n10 1\n0 LWPOLYLINE\n43 0.2\n10 1\n20 1\n10 2\n20 2\n"
-      "0 LWPOLYLINE\n10 1\n20 1\n40 0.1\n41 0\n10 2\n20 2\n"
-      "0 POLYLINE\n41 0.3\n0 VERTEX\n10 1\n0 SEQEND\n"
-      "0 LWPOLYLINE\n43 0\n10 1\n20 1\n40 0\n10 2\n20 2\n0 TEXT\n40 5\n41 2\n1 x\n");
-  EXPECT_EQ(engine.Entities().size(), 6U);
-  EXPECT_THAT(Notes(),
-              ElementsAre("entities lose their thickness or the width of their lines (4)"));
+      "0 LINE\n39 0\n370 -1\n10 1\n0 LWPOLYLINE\n43 0\n10 1\n20 1\n40 0\n10 2\n20 2\n"
+      "0 TEXT\n40 5\n41 1\n51 0\n7 Standard\n1 x\n0 CIRCLE\n40 5\n");
+  EXPECT_EQ(engine.Entities().size(), 4U);
+  EXPECT_THAT(Notes(), testing::IsEmpty());
 }
 
 }  // namespace

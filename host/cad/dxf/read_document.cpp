@@ -102,6 +102,7 @@ void DocumentReader::ReadTables() {
       record_.Read(pairs_);
       context_.layers.Take(record_);
       if (record_.HasPattern()) context_.notes.Count(Note::kLineType);
+      if (record_.HasOwnLooks()) context_.notes.Count(Note::kLooks);
     } else {
       pairs_.Advance();
     }

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <cstdlib>
-#include <utility>
 
 namespace dxf_reader {
 namespace {
@@ -62,6 +61,7 @@ void EntityReader::ReadOne() {
     CountOther(kind);
     return;
   }
+  isWide_ = false;
   if (rule->read != nullptr) {
     (this->*rule->read)();
   } else {
@@ -74,7 +74,8 @@ void EntityReader::ReadOne() {
   drawing_ = context_.layers.IdOf(fields_.Layer());
   color_ = ColorOf(fields_);
   if (fields_.HasPattern()) context_.notes.Count(Note::kLineType);
-  if (HasWidth()) context_.notes.Count(Note::kWidth);
+  // Told once of an entity: how it looks, as far as the engine has no such looks.
+  if (isWide_ || fields_.HasOwnLooks()) context_.notes.Count(Note::kLooks);
   (this->*rule->take)();
 }
 
@@ -95,13 +96,6 @@ bool EntityReader::IsLeftOut() {
   if (fields_.Whole(60) != 1) return false;
   context_.notes.Count(Note::kInvisible);
   return true;
-}
-
-// The thickness of any entity, and the widths of polylines' lines; others have sizes at 40 to 43.
-bool EntityReader::HasWidth() {
-  constexpr int kThickness = 39;
-  const bool isWide = std::exchange(isWide_, false);
-  return isWide || fields_.Real(kThickness) != 0;
 }
 
 bool EntityReader::SkipRecord() {

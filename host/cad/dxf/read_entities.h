@@ -62,7 +62,6 @@ class EntityReader {
   void ReadOne();
   void CountOther(std::string_view kind);
   bool IsLeftOut();
-  bool HasWidth();
   // Goes on to the next record; whether the one before was of the paper space.
   bool SkipRecord();
   void SkipFollowers();

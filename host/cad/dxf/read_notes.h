@@ -17,7 +17,7 @@ enum class Note : std::uint8_t {
   kPaperSpace,
   kInvisible,
   kLineType,
-  kWidth,
+  kLooks,
   kSpline,
   kTiltedCurve,
   kTiltedText,

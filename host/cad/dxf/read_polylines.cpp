@@ -26,7 +26,6 @@ bool HasBulge(double bulge) { return bulge != 0; }
 
 void EntityReader::ReadLightPolyline() {
   line_ = {};
-  isWide_ = false;
   fields_.Read(pairs_, [this] { return KeepLightVertex(); });
   line_.isClosed = fields_.HasFlag(70, kClosed);
   const double elevation = fields_.Real(38);
@@ -102,7 +101,8 @@ void EntityReader::KeepVertex() {
 
 // The elevation is the polyline's; some programs give it to the vertices only. Arcs lie in one.
 void EntityReader::TakeFlatPolyline() {
-  if (fields_.Real(40) != 0 || fields_.Real(41) != 0) context_.notes.Count(Note::kWidth);
+  const bool isWide = fields_.Real(40) != 0 || fields_.Real(41) != 0;
+  if (isWide && !fields_.HasOwnLooks()) context_.notes.Count(Note::kLooks);
   line_ = {};
   line_.isClosed = fields_.HasFlag(70, kClosed);
   const double elevation = fields_.Real(30);
