@@ -22,11 +22,11 @@ class KeptFiles : public ICadFiles {
 
   CadLoad LoadDxf(const tdk::WString& path, CTcadEng&) override { return Load("DXF", path); }
   CadLoad LoadDwg(const tdk::WString& path, CTcadEng&) override { return Load("DWG", path); }
-  bool SaveDxf(const CadSave& how, const CTcadEng& engine) override {
-    return Save("DXF", how, engine);
+  bool SaveDxf(const CadSave& asked, const CTcadEng& engine) override {
+    return Save("DXF", asked, engine);
   }
-  bool SaveDwg(const CadSave& how, const CTcadEng& engine) override {
-    return Save("DWG", how, engine);
+  bool SaveDwg(const CadSave& asked, const CTcadEng& engine) override {
+    return Save("DWG", asked, engine);
   }
 
   std::vector<std::string> calls;
@@ -62,7 +62,10 @@ class DrawingExport : public FrameTest {
  protected:
   CTcadEng& own() { return *document.GetCadEngine(); }
 
-  int Export(const std::string& name, DialogState options = DialogState::object()) {
+  int Export(const std::string& name, const DialogState& chosen = DialogState::object()) {
+    // The settings remember what another test has chosen.
+    DialogState options = {{"version", 0}, {"explode", false}, {"notVisible", false}};
+    options.update(chosen);
     views.Then([=, this](Dialog& dialog) {
       EXPECT_EQ(dialog.Set("path", folder.Path(name)), DialogSet::kDone);
       for (const auto& [key, value] : options.items()) {
