@@ -115,7 +115,8 @@ class DxfBench {
   /// True when every limit was kept.
   bool Run() {
     WritePlacesPlainly(points_, places_);
-    ComparePrograms();
+    // Before this process is large itself: the least that can be measured of a child.
+    RunPrograms();
     CompareExport();
     CompareImport();
     return allKept_;
@@ -135,16 +136,18 @@ class DxfBench {
       std::filesystem::remove(path);
       return SecondsOf(work);
     };
-    Compare(
+    const Runs runs = Compare(
         "DXF export", kWriteNoSlowerThan,
         [&] { return timed(drawing_, [&] { Save(engine, drawing_); }); },
         [&] { return timed(bare, [&] { plain.Write(bare); }); });
     std::filesystem::remove(bare);
+    CompareWithOther("the same; bare: ogr2ogr writing the points alone", runs, otherWrites_,
+                     kWriteTimesAsFast);
   }
 
   void CompareImport() {
     double sum = 0;
-    Compare(
+    const Runs runs = Compare(
         "DXF import", kReadNoSlowerThan,
         [&] {
           const auto engine = std::make_unique<CTcadEng>(0, nullptr, false);
@@ -155,11 +158,16 @@ class DxfBench {
         },
         [&] { return SecondsOf([&] { sum += ReadPairsPlainly(drawing_); }); });
     if (!(sum > 0)) Die("the bare import read nothing");
+    Runs other;
+    const ChildUse use = RunChild({"ogrinfo", "-ro", "-al", "-so", drawing_});
+    if (use.succeeded) other.Add(use.processorSeconds);
+    CompareWithOther("the same; bare: ogrinfo", runs, use.succeeded ? &other : nullptr,
+                     kReadTimesAsFast);
   }
 
-  void Compare(const char* what, double limit, const Measurement& subject,
+  Runs Compare(const char* what, double limit, const Measurement& subject,
                const Measurement& bare) {
-    const std::vector<Runs> runs = Interleaved(kRounds, {subject, bare});
+    std::vector<Runs> runs = Interleaved(kRounds, {subject, bare});
     const double ratio = runs[0].Minimum() / runs[1].Minimum();
     Print({.what = std::string(what) + ", " + Grouped(kPoints) + " points with names and heights",
            .figure = Figure(runs[0], kNanoseconds / kPoints, 0, "ns/point"),
@@ -167,47 +175,49 @@ class DxfBench {
            .ratio = Number(ratio, 2),
            .limit = Number(limit, 0),
            .kept = ratio <= limit});
+    return std::move(runs[0]);
   }
 
-  // Before this process is large itself: the least that can be measured of a child.
-  void ComparePrograms() {
-    const std::string other = folder_.File("other.dxf");
-    CompareTwo("kalvio convert, CSV to DXF with texts; bare: ogr2ogr, points alone",
-               kWriteTimesAsFast, {kalvio_, "convert", "--quiet", "--explode", points_, drawing_},
-               {"ogr2ogr", "-f", "DXF", "-oo", "HEADERS=NO", "-oo", "X_POSSIBLE_NAMES=field_2",
-                "-oo", "Y_POSSIBLE_NAMES=field_3", "-oo", "Z_POSSIBLE_NAMES=field_4", "-select", "",
-                other, points_},
-               other);
-    CompareTwo("kalvio show, that DXF file; bare: ogrinfo", kReadTimesAsFast,
-               {kalvio_, "show", drawing_}, {"ogrinfo", "-ro", "-al", "-so", drawing_}, other);
-  }
-
-  void CompareTwo(const std::string& what, double timesAsFast,
-                  const std::vector<std::string>& kalvio, const std::vector<std::string>& other,
-                  const std::string& otherFile) {
-    Runs seconds[2];
-    Runs peaks[2];
-    for (int i = 0; i < kProgramRounds; ++i) {
-      for (const int which : {0, 1}) {
-        std::filesystem::remove(otherFile);
-        const ChildUse use = RunChild(which == 0 ? kalvio : other);
-        if (!use.succeeded && which == 0) Die(what);
-        if (!use.succeeded) return;  // the other program is not there
-        seconds[which].Add(use.processorSeconds);
-        peaks[which].Add(use.peakResidentBytes);
-      }
-    }
-    std::filesystem::remove(otherFile);
-    const double ratio = seconds[0].Minimum() / seconds[1].Minimum();
-    Print({.what = what + ": time",
-           .figure = Figure(seconds[0], 1, 2, "s"),
-           .bare = Figure(seconds[1], 1, 2, "s"),
+  // `other`: null when the other program is not there.
+  void CompareWithOther(const std::string& what, const Runs& runs, const Runs* other,
+                        double timesAsFast) {
+    if (other == nullptr) return;
+    const double ratio = runs.Minimum() / other->Minimum();
+    Print({.what = what,
+           .figure = Figure(runs, 1, 2, "s"),
+           .bare = Figure(*other, 1, 2, "s"),
            .ratio = Number(ratio, 3),
            .limit = Number(1 / timesAsFast, 2),
            .kept = ratio <= 1 / timesAsFast});
-    Print({.what = what + ": peak memory",
-           .figure = Number(peaks[0].Median() / kMegabyte, 0) + " MB",
-           .bare = Number(peaks[1].Median() / kMegabyte, 0) + " MB"});
+  }
+
+  // Whole processes. The other program is run once: it takes minutes.
+  void RunPrograms() {
+    const ChildUse other =
+        RunChild({"ogr2ogr", "-f", "DXF", "-oo", "HEADERS=NO", "-oo", "X_POSSIBLE_NAMES=field_2",
+                  "-oo", "Y_POSSIBLE_NAMES=field_3", "-oo", "Z_POSSIBLE_NAMES=field_4", "-select",
+                  "", folder_.File("other.dxf"), points_});
+    if (other.succeeded) otherWriting_.Add(other.processorSeconds);
+    if (other.succeeded) otherWrites_ = &otherWriting_;
+    TellProgram("kalvio convert --explode, CSV to DXF with names, codes and heights",
+                {kalvio_, "convert", "--quiet", "--explode", points_, drawing_});
+    TellProgram("kalvio show, that DXF file", {kalvio_, "show", drawing_});
+    TellProgram("kalvio convert, CSV to DXF with blocks",
+                {kalvio_, "convert", "--quiet", points_, drawing_});
+  }
+
+  void TellProgram(const std::string& what, const std::vector<std::string>& command) {
+    Runs seconds;
+    Runs peaks;
+    for (int i = 0; i < kProgramRounds; ++i) {
+      const ChildUse use = RunChild(command);
+      if (!use.succeeded) Die(what);
+      seconds.Add(use.processorSeconds);
+      peaks.Add(use.peakResidentBytes);
+    }
+    Print({.what = what + ": time", .figure = Figure(seconds, 1, 2, "s")});
+    Print(
+        {.what = what + ": peak memory", .figure = Number(peaks.Median() / kMegabyte, 0) + " MB"});
   }
 
   void Print(const Row& row) {
@@ -220,6 +230,8 @@ class DxfBench {
   std::string points_ = folder_.File("points.csv");
   std::string drawing_ = folder_.File("drawing.dxf");
   std::vector<PlainPlace> places_ = MakePlaces(kPoints);
+  Runs otherWriting_;
+  const Runs* otherWrites_ = nullptr;  // null: the other program is not there
   bool allKept_ = true;
 };
 
