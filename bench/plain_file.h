@@ -33,6 +33,7 @@ class PlainFile {
   void Fixed(double value, int decimals) {
     at_ = std::to_chars(at_, buffer_.end(), value, std::chars_format::fixed, decimals).ptr;
   }
+  void Shortest(double value) { at_ = std::to_chars(at_, buffer_.end(), value).ptr; }
   void Whole(std::size_t value) { at_ = std::to_chars(at_, buffer_.end(), value).ptr; }
 
   /// To be called at the end; without it, what was written last is lost.

@@ -42,7 +42,7 @@ TEST_F(DxfReaderDamage, DocumentWithEverythingIsRead) {
   EXPECT_EQ(engine.GetNoDrawings(), 4);
   EXPECT_EQ(engine.Blocks().size(), 2U);
   EXPECT_EQ(engine.Entities().size(), 22U);
-  EXPECT_EQ(Notes().size(), 7U) << testing::PrintToString(Notes());
+  EXPECT_EQ(Notes().size(), 8U) << testing::PrintToString(Notes());
 }
 
 TEST_F(DxfReaderDamage, DocumentWithEverythingCutAtAnyLineIsRefusedOrToldOf) {

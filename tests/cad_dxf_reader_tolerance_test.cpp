@@ -160,4 +160,54 @@ TEST_F(DxfReaderTolerance, InvisibleEntitiesAreLeftOutAndTold) {
   EXPECT_THAT(Notes(), ElementsAre("invisible entities are left out (1)"));
 }
 
+// ---- What a drawing of the engine does not have ----
+
+TEST_F(DxfReaderTolerance, LinesThatAreDashedAreTold) {
+  ReadEntities(
+      "0 LINE\n6 DASHED\n10 1\n0 LINE\n10 1\n0 LINE\n6 Continuous\n0 LINE\n6 ByLayer\n"
+      "0 LINE\n6 BYBLOCK\n0 POINT\n6 HIDDEN\n");
+  EXPECT_EQ(engine.Entities().size(), 6U);
+  EXPECT_THAT(
+      Notes(),
+      ElementsAre("layers and entities whose lines are dashed or the like become continuous (2)"));
+}
+
+TEST_F(DxfReaderTolerance, LayerWithDashedLinesIsTold) {
+  Read(Section("TABLES",
+               "0 TABLE\n2 LAYER\n0 LAYER\n2 A\n6 DASHED\n0 LAYER\n2 B\n"
+               "6 CONTINUOUS\n0 ENDTAB\n"));
+  EXPECT_EQ(engine.GetNoDrawings(), 3);
+  EXPECT_EQ(Notes().size(), 1U);
+}
+
+TEST_F(DxfReaderTolerance, LooksThatAreLostAreTold) {
+  const std::vector<std::string> losing = {
+      "0 LINE\n39 0.5\n10 1\n",
+      "0 LINE\n370 50\n10 1\n",
+      "0 POINT\n420 255\n10 1\n",
+      "0 POINT\n440 33554559\n10 1\n",
+      "0 LWPOLYLINE\n43 0.2\n10 1\n20 1\n10 2\n20 2\n",
+      "0 LWPOLYLINE\n10 1\n20 1\n40 0.1\n41 0\n10 2\n20 2\n",
+      "0 POLYLINE\n41 0.3\n0 VERTEX\n10 1\n0 SEQEND\n",
+      "0 TEXT\n40 5\n41 2\n1 x\n",
+      "0 TEXT\n40 5\n51 15\n1 x\n",
+      "0 TEXT\n40 5\n7 ROMANS\n39 2\n41 2\n1 x\n",
+  };
+  for (const std::string& lines : losing) {
+    ReadEntities(lines);
+    EXPECT_THAT(Notes(), ElementsAre("layers and entities lose thickness, width, line weight, true "
+                                     "colour or text style (1)"))
+        << lines;
+  }
+  EXPECT_EQ(engine.Entities().size(), losing.size());
+}
+
+TEST_F(DxfReaderTolerance, UsualLooksAreNotTold) {
+  ReadEntities(
+      "0 LINE\n39 0\n370 -1\n10 1\n0 LWPOLYLINE\n43 0\n10 1\n20 1\n40 0\n10 2\n20 2\n"
+      "0 TEXT\n40 5\n41 1\n51 0\n7 Standard\n1 x\n0 CIRCLE\n40 5\n");
+  EXPECT_EQ(engine.Entities().size(), 4U);
+  EXPECT_THAT(Notes(), testing::IsEmpty());
+}
+
 }  // namespace

@@ -154,6 +154,40 @@ TEST_F(DrawingFiles, DrawingGoesThrough) {
                               HasSubstr("In all: 1 drawn entity\n")));
 }
 
+TEST_F(DrawingFiles, DrawingWithoutEntitiesIsShownAndConverted) {
+  folder.Write("empty.dxf",
+               "0\nSECTION\n2\nTABLES\n0\nTABLE\n2\nLAYER\n0\nLAYER\n2\nWALLS\n"
+               "70\n0\n62\n3\n0\nENDTAB\n0\nENDSEC\n0\nEOF\n");
+  const Outcome show = Run({"show", "empty.dxf"});
+  EXPECT_EQ(show.status, 0) << show.err;
+  EXPECT_THAT(show.out, AllOf(testing::ContainsRegex("WALLS +3 +yes +no +0\n"),
+                              HasSubstr("In all: nothing\n")));
+  EXPECT_EQ(Run({"convert", "empty.dxf", "copy.dxf"}).status, 0);
+  EXPECT_THAT(Bytes("copy.dxf"), HasSubstr("WALLS"));
+}
+
+TEST_F(DrawingFiles, ConvertTellsWhatIsNotInTheDrawing) {
+  folder.Write("job.json",
+               R"({"jobs": [{"name": "J", "stations": [{"name": "S", "points": [{"name": "P"}]}]}],
+                   "drawing": {"layers": [{"name": "0"}],
+                               "entities": [{"type": "circle", "layer": "0", "center": [0, 0, 0],
+                                             "radius": 0}]}})");
+  folder.Write("answers.json", R"([{"dialog": "cad-file", "set": {"path": ")" +
+                                   folder.File("plan.dxf") +
+                                   R"(", "version": 2}, "press": "OK"}])");
+  const Outcome run =
+      Run({"call", "FExportDXFDWGFile", "--job", "job.json", "--answers", "answers.json"});
+  EXPECT_THAT(run.err,
+              AllOf(HasSubstr("plan.dxf: points without plane coordinates are not drawn (2)"),
+                    HasSubstr("or whose block is not there, are left out (1)")));
+}
+
+TEST_F(DrawingFiles, ExplodeTakesBlocksOfAnEarlierExportApart) {
+  EXPECT_EQ(Run({"convert", "points.csv", "blocks.dxf"}).status, 0);
+  EXPECT_EQ(Run({"convert", "--explode", "blocks.dxf", "plain.dxf"}).status, 0);
+  EXPECT_THAT(Run({"show", "plain.dxf"}).out, HasSubstr("6 lines, 6 texts"));
+}
+
 TEST_F(DrawingFiles, WhatIsNoDrawingIsNamed) {
   folder.Write("bad.dxf", "hello\n");
   const Outcome run = Run({"show", "bad.dxf"});

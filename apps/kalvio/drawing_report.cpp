@@ -45,11 +45,23 @@ void ReportLayers(const CTcadEng& engine, bool all) {
                "\n");
 }
 
+struct Kind {
+  const char* one;
+  const char* many;
+};
+
 // In the order of cad::Shape.
-constexpr std::array<const char*, std::variant_size_v<cad::Shape>> kKinds = {
-    ToXlate("points"),   ToXlate("lines"),    ToXlate("polylines"), ToXlate("circles"),
-    ToXlate("arcs"),     ToXlate("ellipses"), ToXlate("texts"),     ToXlate("inserts"),
-    ToXlate("3D faces"), ToXlate("solids")};
+constexpr std::array<Kind, std::variant_size_v<cad::Shape>> kKinds = {
+    {{ToXlate("{1} point"), ToXlate("{1} points")},
+     {ToXlate("{1} line"), ToXlate("{1} lines")},
+     {ToXlate("{1} polyline"), ToXlate("{1} polylines")},
+     {ToXlate("{1} circle"), ToXlate("{1} circles")},
+     {ToXlate("{1} arc"), ToXlate("{1} arcs")},
+     {ToXlate("{1} ellipse"), ToXlate("{1} ellipses")},
+     {ToXlate("{1} text"), ToXlate("{1} texts")},
+     {ToXlate("{1} insert"), ToXlate("{1} inserts")},
+     {ToXlate("{1} 3D face"), ToXlate("{1} 3D faces")},
+     {ToXlate("{1} solid"), ToXlate("{1} solids")}}};
 
 void ReportKinds(const CTcadEng& engine) {
   std::array<std::size_t, kKinds.size()> counts{};
@@ -57,15 +69,20 @@ void ReportKinds(const CTcadEng& engine) {
   std::string line;
   for (std::size_t i = 0; i < kKinds.size(); ++i) {
     if (counts[i] == 0) continue;
-    line += (line.empty() ? "" : ", ") + Number(counts[i]) + " " + Text(Xlate(kKinds[i]));
+    line += (line.empty() ? "" : ", ") +
+            console::Count(counts[i], Xlate(kKinds[i].one), Xlate(kKinds[i].many));
   }
-  console::Out(std::string(kIndent, ' ') + line + "\n");
+  if (const std::size_t blocks = engine.Blocks().size(); blocks > 0) {
+    line += (line.empty() ? "" : "; ") +
+            console::Count(blocks, Xlate("{1} block"), Xlate("{1} blocks"));
+  }
+  if (!line.empty()) console::Out(std::string(kIndent, ' ') + line + "\n");
 }
 
 }  // namespace
 
 void ReportDrawing(const CTcadEng& engine, bool all) {
-  if (engine.Entities().empty() && engine.GetNoDrawings() == 1) return;
+  if (engine.Entities().empty() && engine.Blocks().empty() && engine.GetNoDrawings() == 1) return;
   ReportLayers(engine, all);
-  if (!engine.Entities().empty()) ReportKinds(engine);
+  ReportKinds(engine);
 }

@@ -105,6 +105,13 @@ std::string WhyNothing(const FormatRow& format, const std::vector<std::string>& 
   return Fill(Xlate("nothing was imported: no {1} record in it"), {format.name}).ToUtf8();
 }
 
+// A text file makes a group before its first point. A drawing that was read may well be empty: it
+// has its layers and perhaps blocks.
+bool BroughtNothing(const FormatRow& format, const Counts& counts) {
+  if (format.carried.drawing) return false;
+  return format.isPointList ? !FirstKindWithPoints(counts) : counts.IsNothing();
+}
+
 // The kind of points to write, and that the module, which puts the extension there itself, will
 // write that very file.
 TextOptions WithKind(TextOptions options, const Counts& counts, const std::string& path) {
@@ -130,10 +137,7 @@ Exchange ImportFile(const Module& module, const std::string& path, HostDocument&
           ? LoadRoadsAndTerrain(path, document, progress)
           : Run(module, format.importFunction, path, document, options, {}, progress);
   exchange.counts = CountsOf(document) - before;
-  // A text file makes a group before its first point.
-  const bool isNothing =
-      format.isPointList ? !FirstKindWithPoints(exchange.counts) : exchange.counts.IsNothing();
-  if (isNothing) {
+  if (BroughtNothing(format, exchange.counts)) {
     throw Failed(path, WhyNothing(format, exchange.remarks));
   }
   return exchange;

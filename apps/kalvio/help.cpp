@@ -100,7 +100,7 @@ std::string FunctionNames() {
 std::string ProgramHelp() {
   std::vector<Entry> commands;
   for (const CommandRow& row : CommandTable()) {
-    if (row.IsShown()) commands.push_back({row.name, Translated(row.summary)});
+    commands.push_back({row.name, Translated(row.summary)});
   }
   return Translated(ToXlate("Usage: kalvio COMMAND [options]")) + "\n\n" +
          Wrapped(Translated(ToXlate("Brings field-survey jobs in and out of their file formats.")),
@@ -115,9 +115,6 @@ std::string ProgramHelp() {
 std::string CommandHelp(const CommandRow& command) {
   std::string text =
       Translated(ToXlate("Usage:")) + " kalvio " + command.name + ' ' + command.synopsis + "\n\n";
-  if (!command.IsShown()) {
-    return text + Translated(ToXlate("plot is not available in this version")) + ".\n";
-  }
   text += Wrapped(Translated(command.about), kScreenWidth, 0) + '\n' +
           Entries(OptionEntries(command.name));
   if (command.name == std::string_view("call")) {

@@ -27,15 +27,12 @@ struct CommandRow {
   const char* name;
   const char* synopsis;  ///< its words after the name
   const char* summary;   ///< to be translated: one line of the program's help
-  const char* about;  ///< to be translated: what the command's help begins with; null: the command
-                      ///< is not shown
+  const char* about;     ///< to be translated: what the command's help begins with
   std::span<const char* const> examples;
   std::span<const int> statuses;  ///< the exit statuses it may end with
   /// How many positional words it takes.
   std::size_t least;
   std::size_t most;
-
-  bool IsShown() const { return about != nullptr; }
 };
 
 struct StatusRow {

@@ -55,10 +55,7 @@ std::string ExampleLines(std::span<const char* const> examples) {
 std::string Synopsis() {
   std::string text = ".SH SYNOPSIS\n.nf\n";
   for (const CommandRow& command : CommandTable()) {
-    if (command.IsShown()) {
-      text +=
-          "\\fBkalvio " + std::string(command.name) + "\\fR " + Escaped(command.synopsis) + "\n";
-    }
+    text += "\\fBkalvio " + std::string(command.name) + "\\fR " + Escaped(command.synopsis) + "\n";
   }
   return text + "\\fBkalvio \\-\\-version\\fR | \\fB\\-\\-help\\fR\n.fi\n";
 }
@@ -66,7 +63,6 @@ std::string Synopsis() {
 std::string Commands() {
   std::string text = ".SH COMMANDS\n";
   for (const CommandRow& command : CommandTable()) {
-    if (!command.IsShown()) continue;
     text += ".SS kalvio " + std::string(command.name) + "\n" + Escaped(command.about) + "\n" +
             OptionParagraphs(command.name) + ExampleLines(command.examples);
   }
@@ -133,7 +129,6 @@ std::string BashCompletion() {
   std::string names;
   std::string cases;
   for (const CommandRow& command : CommandTable()) {
-    if (!command.IsShown()) continue;
     names.append(names.empty() ? "" : " ").append(command.name);
     cases += CompletionCase(command);
   }

@@ -24,6 +24,10 @@ bool ToldCadFiles::SaveDwg(const CadSave& how, const CTcadEng& engine) {
   return files_ != nullptr && files_->SaveDwg(how, engine);
 }
 
+std::vector<tdk::WString> ToldCadFiles::SaveNotes() const {
+  return files_ == nullptr ? std::vector<tdk::WString>() : files_->SaveNotes();
+}
+
 void ToldCadFiles::TellLoad(const char* call, const tdk::WString& path) {
   views_.Print(
       {{"event", "cad"}, {"call", call}, {"args", nlohmann::ordered_json::array({path.ToUtf8()})}});

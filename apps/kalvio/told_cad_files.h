@@ -17,6 +17,7 @@ class ToldCadFiles : public ICadFiles {
   CadLoad LoadDwg(const tdk::WString& path, CTcadEng& engine) override;
   bool SaveDxf(const CadSave& how, const CTcadEng& engine) override;
   bool SaveDwg(const CadSave& how, const CTcadEng& engine) override;
+  std::vector<tdk::WString> SaveNotes() const override;
 
  private:
   void TellLoad(const char* call, const tdk::WString& path);

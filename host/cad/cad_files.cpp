@@ -2,6 +2,8 @@
 
 #include "host/cad/dxf/dxf_reader.h"
 #include "host/cad/dxf/dxf_writer.h"
+#include "host/cad/field_book_blocks.h"
+#include "platform/numbers.h"
 #include "services/translate.h"
 
 CadLoad CadFiles::LoadDxf(const tdk::WString& path, CTcadEng& engine) {
@@ -14,8 +16,18 @@ CadLoad CadFiles::LoadDwg(const tdk::WString& /*path*/, CTcadEng& /*engine*/) {
   return load;
 }
 
+std::vector<tdk::WString> CadFiles::SaveNotes() const {
+  if (leftOut_ == 0) return {};
+  std::string number;
+  platform::AppendWhole(number, static_cast<std::int64_t>(leftOut_));
+  return {Fill(Xlate("entities whose numbers make no shape, or whose block is not there, are left "
+                     "out ({1})"),
+               {tdk::WString(number)})};
+}
+
 bool CadFiles::SaveDxf(const CadSave& how, const CTcadEng& engine) {
-  const DxfWritten written = WriteDxfCounting(how, engine);
+  const auto exploded = how.ExplodesBlocks() ? WithoutFieldBookBlocks(engine) : nullptr;
+  const DxfWritten written = WriteDxfCounting(how, exploded == nullptr ? engine : *exploded);
   leftOut_ = written.leftOut;
   return written.isWritten;
 }

@@ -14,6 +14,8 @@ class CadFiles : public ICadFiles {
   bool SaveDxf(const CadSave& how, const CTcadEng& engine) override;
   bool SaveDwg(const CadSave& how, const CTcadEng& engine) override;
 
+  std::vector<tdk::WString> SaveNotes() const override;
+
   /// How many entities the last save had to leave out: they have undefined numbers, or none that
   /// make a shape.
   std::uint64_t LeftOut() const { return leftOut_; }

@@ -43,11 +43,18 @@ void TellFailure(CWnd* parent, const Load& load, bool isDxf) {
   }
 }
 
-void TellNotes(CWnd* parent, const tdk::WString& path, const CTcadEng& engine) {
+void TellNotes(CWnd* parent, const tdk::WString& path, const std::vector<tdk::WString>& notes) {
   if (parent == nullptr || parent->GetViews() == nullptr) return;
-  for (const tdk::WString& note : engine.LoadNotes()) {
-    parent->GetViews()->TakeNote({path, 0, note});
-  }
+  for (const tdk::WString& note : notes) parent->GetViews()->TakeNote({path, 0, note});
+}
+
+void TellNotDrawn(CWnd* parent, const tdk::WString& path, std::uint64_t points) {
+  if (points == 0) return;
+  std::string number;
+  platform::AppendWhole(number, static_cast<std::int64_t>(points));
+  TellNotes(parent, path,
+            {Fill(Xlate("points without plane coordinates are not drawn ({1})"),
+                  {tdk::WString(number)})});
 }
 
 void Save(CTcadEng& engine, const tdk::WString& path, const cad::ExportOptions& options) {
@@ -61,8 +68,8 @@ void Save(CTcadEng& engine, const tdk::WString& path, const cad::ExportOptions& 
 }
 
 // All data of the document in one engine, together with what was drawn by hand.
-void ExportThrough(CTcadEng& temporary, ExchangeContext& document, const tdk::WString& path,
-                   const cad::ExportOptions& options) {
+void ExportThrough(CTcadEng& temporary, ExchangeContext& document, CWnd* parent,
+                   const tdk::WString& path, const cad::ExportOptions& options) {
   CTcadEng& own = *document.GetCadEngine();
   const CTcadEventSentinel sentinel(&own);
   display::OwnDisplays shown(document);
@@ -73,9 +80,11 @@ void ExportThrough(CTcadEng& temporary, ExchangeContext& document, const tdk::WS
   {
     const cad::DrawingBinding binding(document, temporary);
     display::MakeTargetsCurrent(document, temporary);
-    display::DrawAll(document, temporary, symbols, options.explodesBlocks);
+    TellNotDrawn(parent, path,
+                 display::DrawAll(document, temporary, symbols, options.explodesBlocks));
     temporary.PurgePrivateObjects();
     Save(temporary, path, options);
+    TellNotes(parent, path, temporary.SaveNotes());
   }
   shown.DrawAgain();
 }
@@ -94,7 +103,7 @@ int ImportDrawing(CWnd* parent, ExchangeContext& document) {
   dialog.GetVars(path);
   const bool isDxf = cad::EndsWith(path, kDxf);
   const Load load = LoadDrawing(*engine, path, isDxf, parent);
-  TellNotes(parent, path, *engine);
+  TellNotes(parent, path, engine->LoadNotes());
   if (!load.isLoaded) TellFailure(parent, load, isDxf);
   return load.isLoaded ? 1 : 0;
 }
@@ -112,7 +121,7 @@ int ExportDrawing(CWnd* parent, ExchangeContext& document) {
   cad::WriteExportOptions(options);
   CTcadEng temporary(0, nullptr, /*temporary=*/true);
   temporary.DontSaveTcadVars();
-  ExportThrough(temporary, document, cad::ExportPath(path, options.version), options);
+  ExportThrough(temporary, document, parent, cad::ExportPath(path, options.version), options);
   return 1;
 }
 

@@ -31,6 +31,8 @@ class ICadFiles {
   virtual CadLoad LoadDwg(const tdk::WString& path, CTcadEng& engine) = 0;
   virtual bool SaveDxf(const CadSave& how, const CTcadEng& engine) = 0;
   virtual bool SaveDwg(const CadSave& how, const CTcadEng& engine) = 0;
+  /// What the last save could not hold, for the user: a line each.
+  virtual std::vector<tdk::WString> SaveNotes() const { return {}; }
 
   /// Null when there is none. Not owned.
   static ICadFiles* Current();

@@ -28,11 +28,6 @@ void CopyText(const tdk::WString& text, wchar_t* to, int size) {
   to[length] = L'\0';
 }
 
-int Save(bool (ICadFiles::*save)(const CadSave&, const CTcadEng&), const CadSave& how,
-         const CTcadEng& engine) {
-  return current != nullptr && (current->*save)(how, engine) ? 1 : 0;
-}
-
 }  // namespace
 
 ICadFiles::~ICadFiles() = default;
@@ -66,16 +61,24 @@ int CTcadEng::LoadFileDWG(const tdk::WString& path, wchar_t* errorText, int erro
   return load.isLoaded ? 1 : 0;
 }
 
+int CTcadEng::Save(bool (ICadFiles::*save)(const CadSave&, const CTcadEng&), const CadSave& how) {
+  saveNotes_.clear();
+  if (current == nullptr) return 0;
+  const bool isSaved = (current->*save)(how, *this);
+  saveNotes_ = current->SaveNotes();
+  return isSaved ? 1 : 0;
+}
+
 int CTcadEng::SaveFileDXF(const tdk::WString& path, bool first, bool onlyVisible, bool third,
                           bool fourth, bool explodeBlocks, enumTCAD_DXFDWG_VER version, int last) {
   return Save(&ICadFiles::SaveDxf,
-              {path, {first, onlyVisible, third, fourth, explodeBlocks}, version, last}, *this);
+              {path, {first, onlyVisible, third, fourth, explodeBlocks}, version, last});
 }
 
 int CTcadEng::SaveFileDWG(const tdk::WString& path, bool first, bool onlyVisible, bool third,
                           bool fourth, bool explodeBlocks, enumTCAD_DXFDWG_VER version, int last) {
   return Save(&ICadFiles::SaveDwg,
-              {path, {first, onlyVisible, third, fourth, explodeBlocks}, version, last}, *this);
+              {path, {first, onlyVisible, third, fourth, explodeBlocks}, version, last});
 }
 
 std::vector<int> CTcadEng::CopyDrawings(const CTcadEng& source, bool withPrivate) {

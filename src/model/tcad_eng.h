@@ -10,6 +10,8 @@
 #include "tdk/wstring.h"
 
 class CWnd;
+class ICadFiles;
+struct CadSave;
 namespace tdk {
 class CChangeTransactionManager;
 }
@@ -42,6 +44,8 @@ class CTcadEng {
                   bool explodeBlocks, enumTCAD_DXFDWG_VER version, int last);
   /// What the last load could not hold, for the user: a line each.
   const std::vector<tdk::WString>& LoadNotes() const { return loadNotes_; }
+  /// What the last save could not hold, for the user: a line each.
+  const std::vector<tdk::WString>& SaveNotes() const { return saveNotes_; }
 
   /// The engine's own variables stay out of the files it saves.
   void DontSaveTcadVars() { savesVariables_ = false; }
@@ -105,6 +109,7 @@ class CTcadEng {
     unsigned color = 7;
     int references = 0;
   };
+  int Save(bool (ICadFiles::*save)(const CadSave&, const CTcadEng&), const CadSave& how);
   const Drawing* Find(int id) const;
   // The copies of all drawings of another engine, by their ids there.
   std::vector<int> CopyDrawings(const CTcadEng& source, bool withPrivate);
@@ -119,6 +124,7 @@ class CTcadEng {
   int target_ = 1;
   bool savesVariables_ = true;
   std::vector<tdk::WString> loadNotes_;
+  std::vector<tdk::WString> saveNotes_;
 };
 
 /// Brackets a batch of changes to an engine, so that its views draw once.

@@ -101,6 +101,8 @@ void DocumentReader::ReadTables() {
     if (pairs_.Is(0, "LAYER")) {
       record_.Read(pairs_);
       context_.layers.Take(record_);
+      if (record_.HasPattern()) context_.notes.Count(Note::kLineType);
+      if (record_.HasOwnLooks()) context_.notes.Count(Note::kLooks);
     } else {
       pairs_.Advance();
     }

@@ -61,6 +61,7 @@ void EntityReader::ReadOne() {
     CountOther(kind);
     return;
   }
+  isWide_ = false;
   if (rule->read != nullptr) {
     (this->*rule->read)();
   } else {
@@ -72,6 +73,9 @@ void EntityReader::ReadOne() {
   }
   drawing_ = context_.layers.IdOf(fields_.Layer());
   color_ = ColorOf(fields_);
+  if (fields_.HasPattern()) context_.notes.Count(Note::kLineType);
+  // Told once of an entity: how it looks, as far as the engine has no such looks.
+  if (isWide_ || fields_.HasOwnLooks()) context_.notes.Count(Note::kLooks);
   (this->*rule->take)();
 }
 

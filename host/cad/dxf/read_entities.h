@@ -117,6 +117,7 @@ class EntityReader {
   int drawing_ = 1;  // of the entity that is read
   std::uint16_t color_ = cad::kByLayer;
   cad::PolylineShape line_;
+  bool isWide_ = false;  // a width of the polyline is not zero
   std::vector<Vertex> vertices_;
   Spline spline_;
   std::string lines_;

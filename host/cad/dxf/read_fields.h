@@ -11,7 +11,7 @@
 
 namespace dxf_reader {
 
-/// Keeps the texts of codes 1 to 3 and 8, the numbers of 10 to 79 and the extrusion direction;
+/// Keeps the texts of codes 1 to 3, 6 and 8, the numbers of 10 to 79 and the extrusion direction;
 /// the last value of a code holds. One object is for many records, one after the other.
 class Fields {
  public:
@@ -45,6 +45,11 @@ class Fields {
   /// As it is in the file; empty when it is not there.
   std::string_view Text(int code) const { return texts_[Index(code)]; }
   std::string_view Layer() const { return texts_[kLayerCode]; }
+  /// Whether a record names a linetype other than a continuous line or that of its layer or block.
+  bool HasPattern() const;
+  /// Whether it says of its looks what a drawing of the engine does not have: a thickness, a line
+  /// weight, a true colour, transparency, a text style other than the standard one.
+  bool HasOwnLooks() const { return hasOwnLooks_ || Real(kThickness) != 0; }
   const cad::Point& Extrusion() const { return extrusion_; }
   bool HasExtrusion() const { return hasExtrusion_; }
 
@@ -55,6 +60,7 @@ class Fields {
   static constexpr int kFirstReal = 10;
   static constexpr int kFirstWhole = 60;
   static constexpr int kEnd = 80;
+  static constexpr int kThickness = 39;
   static constexpr std::size_t kLayerCode = 8;
 
   static constexpr std::size_t Index(int code) { return static_cast<std::size_t>(code); }
@@ -65,6 +71,7 @@ class Fields {
   void Store();
   void StoreText(std::size_t code);
   void StoreExtrusion(int code);
+  void LookAtLooks(int code);
   // Pairs that say something about other objects, or are of other programs, are marked.
   void LookAtMark();
   void MarkAs(int code) { has_[Word(code)] |= std::uint64_t{1} << Bit(code); }
@@ -76,6 +83,7 @@ class Fields {
   std::array<int, kEnd - kFirstWhole> wholes_{};
   cad::Point extrusion_;
   bool hasExtrusion_ = false;
+  bool hasOwnLooks_ = false;
   bool isInGroup_ = false;
   bool isOver_ = false;
 };

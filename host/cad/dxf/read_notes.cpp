@@ -14,6 +14,9 @@ constexpr std::size_t kLongestKind = 40;
 constexpr const char* kTexts[] = {
     ToXlate("entities of the paper space are left out ({1})"),
     ToXlate("invisible entities are left out ({1})"),
+    ToXlate("layers and entities whose lines are dashed or the like become continuous ({1})"),
+    ToXlate("layers and entities lose thickness, width, line weight, true colour or text style "
+            "({1})"),
     ToXlate("splines became lines of points ({1})"),
     ToXlate("circles, ellipses and arcs that do not lie flat became lines of points ({1})"),
     ToXlate("texts that do not lie flat are laid flat ({1})"),

@@ -16,6 +16,8 @@ namespace dxf_reader {
 enum class Note : std::uint8_t {
   kPaperSpace,
   kInvisible,
+  kLineType,
+  kLooks,
   kSpline,
   kTiltedCurve,
   kTiltedText,

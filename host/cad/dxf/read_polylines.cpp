@@ -41,8 +41,10 @@ bool EntityReader::KeepLightVertex() {
     line_.points.back() = {line_.points.back().getX(), pairs_.Real(), 0};
   } else if (code == 42 && !line_.bulges.empty()) {
     line_.bulges.back() = pairs_.Real();
+  } else if (code == 40 || code == 41 || code == 43) {
+    isWide_ = isWide_ || pairs_.Real() != 0;
   }
-  return code == 10 || code == 20 || (code >= 40 && code <= 42);
+  return code == 10 || code == 20 || (code >= 40 && code <= 43);
 }
 
 // `line_`, in the plane of the entity.
@@ -99,6 +101,8 @@ void EntityReader::KeepVertex() {
 
 // The elevation is the polyline's; some programs give it to the vertices only. Arcs lie in one.
 void EntityReader::TakeFlatPolyline() {
+  const bool isWide = fields_.Real(40) != 0 || fields_.Real(41) != 0;
+  if (isWide && !fields_.HasOwnLooks()) context_.notes.Count(Note::kLooks);
   line_ = {};
   line_.isClosed = fields_.HasFlag(70, kClosed);
   const double elevation = fields_.Real(30);

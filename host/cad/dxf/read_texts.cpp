@@ -34,6 +34,8 @@ cad::Point EntityReader::TextPlace() const {
 void EntityReader::TakeText() {
   const Plane plane = PlaneOf();
   if (plane.IsTilted()) context_.notes.Count(Note::kTiltedText);
+  const bool isStretched = fields_.Real(41, 1) != 1 || fields_.Real(51) != 0;
+  if (isStretched && !fields_.HasOwnLooks()) context_.notes.Count(Note::kLooks);
   Put(cad::TextShape{plane.ToWorld(TextPlace()), fields_.Real(40),
                      plane.DirectionToWorld(fields_.Real(50)),
                      context_.text.Line(fields_.Text(1))});

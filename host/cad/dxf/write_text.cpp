@@ -17,7 +17,7 @@ constexpr std::size_t kLongLine = 200;
 // The most bytes that one character becomes: two escapes and the backslash before them.
 constexpr std::size_t kLongestCharacter = 16;
 
-bool IsItself(char c) { return c >= 0x20 && c < 0x7F && c != '^' && c != '\\'; }
+bool IsItself(char c) { return c >= 0x20 && c < 0x7F && c != '^' && c != '\\' && c != '%'; }
 
 void AppendEscape(std::string& bytes, char32_t unit) {
   bytes += "\\U+";
@@ -69,6 +69,8 @@ void AppendCharacter(std::string& bytes, std::string_view& utf8, Form form) {
     bytes += "^ ";
   } else if (c == '\\') {
     AppendBackslash(bytes, utf8, form);
+  } else if (c == '%' && utf8.starts_with('%')) {
+    bytes += "%%%";  // two of them would start a code, and three are one
   } else {
     if (form == Form::kMultiLine && (c == '{' || c == '}')) bytes += '\\';
     bytes += c;

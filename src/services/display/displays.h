@@ -1,6 +1,7 @@
 // The host's display objects: each draws one library of a job into a drawing engine.
 #pragma once
 
+#include <cstdint>
 #include <vector>
 
 #include "model/exchange_context.h"
@@ -26,6 +27,9 @@ class PointDisplay {
   PointDisplay(CTcadEng* engine, CDocSymbolManager* symbols, cad::Origin origin)
       : engine_(*engine), symbols_(*symbols), origin_(origin) {}
 
+  /// How many named points could not be drawn, because they have no plane coordinates.
+  std::uint64_t NotDrawn() const { return notDrawn_; }
+
  protected:
   /// A symbol with the point's texts, as a block or as plain entities.
   void Draw(const CEgn& point, Symbol symbol, const display::TargetLayers& layers, bool explode);
@@ -35,6 +39,8 @@ class PointDisplay {
  private:
   void DrawPlain(const CEgn& point, Symbol symbol, const display::TargetLayers& layers);
   void Add(int drawing, cad::Shape shape);
+
+  std::uint64_t notDrawn_ = 0;
 
  protected:
   CTcadEng& engine_;
@@ -151,7 +157,9 @@ class OwnDisplays {
 /// Makes the target drawing of each kind of data current, one after the other.
 void MakeTargetsCurrent(ExchangeContext& document, CTcadEng& engine);
 
-/// Draws every library of the document into an engine.
-void DrawAll(ExchangeContext& document, CTcadEng& engine, CDocSymbolManager& symbols, bool explode);
+/// Draws every library of the document into an engine. Returns how many points could not be drawn,
+/// because they have no plane coordinates.
+std::uint64_t DrawAll(ExchangeContext& document, CTcadEng& engine, CDocSymbolManager& symbols,
+                      bool explode);
 
 }  // namespace display

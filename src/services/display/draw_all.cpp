@@ -10,6 +10,29 @@ constexpr cad::Origin kOwn[] = {cad::Origin::kTotalStation, cad::Origin::kGps,
                                 cad::Origin::kKnownPoints, cad::Origin::kCadastre,
                                 cad::Origin::kGis};
 
+std::size_t Count(int number) { return static_cast<std::size_t>(number); }
+
+std::size_t PointsIn(ExchangeContext& document) {
+  std::size_t points = 0;
+  if (const CLibCmp* const jobs = document.GetLibCmp()) {
+    points += Count(jobs->GetOriArSize());
+    for (int job = 0; job < jobs->GetJobArSize(); ++job) {
+      for (int sta = 0; sta < jobs->GetStaArSize(job); ++sta) {
+        points += 1 + jobs->PointsOf(job, sta).size();
+      }
+    }
+  }
+  const CLibGps* const gps = document.GetLibGps();
+  for (int i = 0; gps != nullptr && i < gps->GetGrpArSize(); ++i) {
+    points += 1 + Count(gps->GetPunArSize(i));
+  }
+  const CLibPnt* const known = document.GetLibPnt();
+  for (int i = 0; known != nullptr && i < known->GetGrpArSize(); ++i) {
+    points += Count(known->GetPtnArSize(i));
+  }
+  return points;
+}
+
 }  // namespace
 
 OwnDisplays::OwnDisplays(ExchangeContext& document)
@@ -63,8 +86,11 @@ void MakeTargetsCurrent(ExchangeContext& /*document*/, CTcadEng& engine) {
   }
 }
 
-void DrawAll(ExchangeContext& document, CTcadEng& engine, CDocSymbolManager& symbols,
-             bool explode) {
+std::uint64_t DrawAll(ExchangeContext& document, CTcadEng& engine, CDocSymbolManager& symbols,
+                      bool explode) {
+  // A point, its name, code and height, and a line or two of its symbol.
+  constexpr std::size_t kEntitiesOfPoint = 5;
+  engine.Reserve(engine.Entities().size() + PointsIn(document) * (explode ? kEntitiesOfPoint : 1));
   CDisPtNome names(&engine, &symbols, &document);
   CDisLibCmp jobs(&engine, &symbols, &document, true);
   CDisLibGps gps(&engine, &symbols, document.GetLibGps(), true);
@@ -83,6 +109,7 @@ void DrawAll(ExchangeContext& document, CTcadEng& engine, CDocSymbolManager& sym
   roads.AddAllRoads();
   profiles.AddAllProfiles();
   themes.RiCreaTutto();
+  return jobs.NotDrawn() + gps.NotDrawn() + known.NotDrawn();
 }
 
 }  // namespace display

@@ -132,7 +132,10 @@ void PointDisplay::Add(int drawing, cad::Shape shape) {
 
 void PointDisplay::Draw(const CEgn& point, Symbol symbol, const TargetLayers& layers,
                         bool explode) {
-  if (!HasPlan(point)) return;
+  if (!HasPlan(point)) {
+    if (!point.NameUtf8().empty()) ++notDrawn_;
+    return;
+  }
   if (explode) {
     DrawPlain(point, symbol, layers);
     return;

@@ -1,6 +1,6 @@
 #include "services/display/symbols.h"
 
-#include <string_view>
+#include <algorithm>
 
 namespace {
 
@@ -14,13 +14,22 @@ cad::AttributeDefinition Attribute(const char* tag, const display::TextPlace& pl
   return {tag, {place.right, place.up, 0}, display::kTextHeight / display::kSymbolSize};
 }
 
+// In a block single lines: not every program reads polylines in the blocks of old versions well.
+template <class Add>
+void AddSides(const cad::PolylineShape& line, const Add& add) {
+  const std::size_t sides = line.points.size() - (line.isClosed ? 0 : 1);
+  for (std::size_t i = 0; i < sides; ++i) {
+    add(cad::LineShape{line.points[i], line.points[(i + 1) % line.points.size()]});
+  }
+}
+
 cad::Block MakeBlock(Symbol symbol) {
   cad::Block block;
   block.name = NameOf(symbol);
   const auto add = [&](cad::Shape shape) {
     block.entities.push_back({1, cad::kByBlock, false, cad::Origin::kUser, std::move(shape)});
   };
-  for (cad::PolylineShape& line : display::SymbolLines(symbol)) add(std::move(line));
+  for (const cad::PolylineShape& line : display::SymbolLines(symbol)) AddSides(line, add);
   if (block.entities.empty()) add(cad::PointShape{});
   block.attributes = {Attribute("NAME", display::kNamePlace),
                       Attribute("CODE", display::kCodePlace),
@@ -31,6 +40,15 @@ cad::Block MakeBlock(Symbol symbol) {
 }  // namespace
 
 namespace display {
+
+bool IsFieldBookBlock(std::string_view name) {
+  const auto isSameLetter = [](char known, char c) {
+    return known == (c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c);
+  };
+  return std::any_of(kNames.begin(), kNames.end(), [&](std::string_view known) {
+    return std::equal(known.begin(), known.end(), name.begin(), name.end(), isSameLetter);
+  });
+}
 
 // Triangles for what a survey stands on, a square for the base of a GPS group.
 std::vector<cad::PolylineShape> SymbolLines(Symbol symbol) {

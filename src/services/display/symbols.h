@@ -2,6 +2,7 @@
 #pragma once
 
 #include <array>
+#include <string_view>
 
 #include "model/tcad_eng.h"
 
@@ -22,6 +23,9 @@ struct TextPlace {
 inline constexpr TextPlace kNamePlace{0.8, 0.6};
 inline constexpr TextPlace kCodePlace{0.8, -0.6};
 inline constexpr TextPlace kHeightPlace{0.8, -1.8};
+
+/// Whether blocks of that name stand for symbols; letter case does not matter.
+bool IsFieldBookBlock(std::string_view name);
 
 /// The lines of a symbol, about its point, of size 1; nothing for a plain point.
 std::vector<cad::PolylineShape> SymbolLines(Symbol symbol);

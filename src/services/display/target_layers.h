@@ -1,7 +1,8 @@
 // The drawings that the parts of one job, group, road or model are drawn on.
 #pragma once
 
-#include <string_view>
+#include <utility>
+#include <vector>
 
 #include "model/tcad_eng.h"
 
@@ -15,13 +16,17 @@ class TargetLayers {
   TargetLayers(CTcadEng& engine, int target, const tdk::WString& object)
       : engine_(engine), target_(target), object_(object) {}
 
-  /// The drawing of a part, made when it is first asked for. `part`: untranslated.
+  /// The drawing of a part, made when it is first asked for. `part`: untranslated, a constant.
   int Of(const char* part) const;
 
  private:
+  int Make(const char* part) const;
+
   CTcadEng& engine_;
   int target_;
   tdk::WString object_;
+  // By the places of the parts' texts: points come by the million.
+  mutable std::vector<std::pair<const char*, int>> known_;
 };
 
 /// The first target that there is: the object's own, else its library's.
