@@ -19,3 +19,7 @@ bool HoldsDesign(const Database& database) {
 bool HoldsDrawing(const Database& database) {
   return database.WholeOf("PRAGMA user_version") >= kVersionWithDrawing;
 }
+
+bool HoldsGis(const Database& database) {
+  return database.WholeOf("PRAGMA user_version") >= kVersionWithGis;
+}

@@ -6,17 +6,20 @@
 #include "host/store/database.h"
 #include "host/store/drawing_records.h"
 #include "host/store/fields.h"
+#include "host/store/gis_records.h"
 #include "host/store/records.h"
 #include "host/store/road_records.h"
 #include "host/store/stored_table.h"
 
 /// Marks the file as ours ("KLVJ"), and the layout of its tables.
 inline constexpr std::int64_t kApplicationId = 0x4B4C564A;
-inline constexpr std::int64_t kSchemaVersion = 3;
+inline constexpr std::int64_t kSchemaVersion = 5;
 /// The first layout with terrain and roads.
 inline constexpr std::int64_t kVersionWithDesign = 2;
 /// The first layout with a drawing.
 inline constexpr std::int64_t kVersionWithDrawing = 3;
+/// The first layout with GIS themes.
+inline constexpr std::int64_t kVersionWithGis = 5;
 
 /// Whether there is a job in the database; false for one that is new. Fails when it is something
 /// else, or a job that a newer version wrote.
@@ -25,6 +28,8 @@ bool HoldsJob(const Database& database);
 bool HoldsDesign(const Database& database);
 /// The same of a drawing.
 bool HoldsDrawing(const Database& database);
+/// The same of GIS themes.
+bool HoldsGis(const Database& database);
 
 inline constexpr std::array<std::string_view, 2> kOfStation = {"parent_job", "parent_station"};
 inline constexpr Parents kOfJob = std::span(kOfStation).first(1);
@@ -35,6 +40,10 @@ inline constexpr std::array<std::string_view, kMostParents> kOfLine = {
     "parent_road", "parent_section", "parent_line"};
 inline constexpr Parents kOfRoad = std::span(kOfLine).first(1);
 inline constexpr Parents kOfSection = std::span(kOfLine).first(2);
+
+inline constexpr std::array<std::string_view, kMostParents> kOfPart = {
+    "parent_theme", "parent_feature", "parent_part"};
+inline constexpr Parents kOfTheme = std::span(kOfPart).first(1);
 
 inline constexpr std::array<std::string_view, 1> kOfBlock = {"parent_block"};
 inline constexpr std::array<std::string_view, 1> kOfEntity = {"parent_entity"};
@@ -151,6 +160,21 @@ inline constexpr StoredTable<EntityPointRecord> kEntityPointTable{"drawing_point
 inline constexpr StoredTable<AttributeRecord> kAttributeTable{"drawing_insert_attributes",
                                                               kOfEntity};
 
+struct FeatureVertexRecord {
+  std::array<double, 3> place{};
+  double measure = UndefinedValue;
+
+  static constexpr auto Fields() {
+    using R = FeatureVertexRecord;
+    return std::tuple{Field{"place", &R::place, kAxes}, Field{"measure", &R::measure}};
+  }
+};
+
+inline constexpr StoredTable<StoredThemeRecord> kThemeTable{"gis_themes"};
+inline constexpr StoredTable<GisFieldRecord> kThemeFieldTable{"gis_fields", kOfTheme};
+inline constexpr StoredTable<FeatureRecord> kFeatureTable{"gis_features", kOfTheme};
+inline constexpr StoredTable<FeatureVertexRecord> kFeatureVertexTable{"gis_vertices", kOfPart};
+
 /// Calls `visit` with each table.
 template <class Visit>
 void ForEachTable(Visit visit) {
@@ -183,4 +207,8 @@ void ForEachTable(Visit visit) {
   visit(kEntityTable);
   visit(kEntityPointTable);
   visit(kAttributeTable);
+  visit(kThemeTable);
+  visit(kThemeFieldTable);
+  visit(kFeatureTable);
+  visit(kFeatureVertexTable);
 }

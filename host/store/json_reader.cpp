@@ -71,7 +71,7 @@ struct JsonJobReader::Levels {
       {"settings", Form::kObject, nullptr, nullptr, nullptr, kSection},
       {"terrain", kList, &R::Select<&R::terrain_>, &R::BeginModel, &R::EndModel, kModel},
       {"roads", kList, &R::Select<&R::road_>, &R::BeginRoad, &R::EndRoad, kRoad},
-      {"gis", Form::kNotHeld},
+      {"gis", Form::kObject, nullptr, nullptr, nullptr, kGis},
       {"cadastral", Form::kNotHeld},
       {"drawing", Form::kObject, nullptr, nullptr, nullptr, kDrawing}};
 
@@ -150,7 +150,7 @@ const JsonJobReader::Level* JsonJobReader::LevelOf(bool isList) {
   if (!place_.InList()) return LevelOfMember(isList);
   const Form form = levels_.back()->form;
   if (form == Form::kListOfLists) return isList ? &levels_.back()->below.front() : nullptr;
-  if (form == Form::kRow || form == Form::kNumbers) return nullptr;
+  if (form == Form::kRow || form == Form::kNumbers || form == Form::kValues) return nullptr;
   return isList || levels_.back() == &Levels::kParts ? nullptr : levels_.back();
 }
 
@@ -208,6 +208,8 @@ std::string JsonJobReader::PutListed(const JsonValue& value) {
       return PutNumber(value);
     case Form::kNumbers:
       return PutLoneNumber(value);
+    case Form::kValues:
+      return PutLoneValue(value);
     case Form::kListOfLists:
       return "a list";
     default:
@@ -237,6 +239,12 @@ std::string JsonJobReader::PutLoneNumber(const JsonValue& value) {
   std::string expected = Put(value, row_[0]);
   if (expected.empty()) (this->*levels_.back()->end)();
   return expected;
+}
+
+std::string JsonJobReader::PutLoneValue(const JsonValue& value) {
+  loneValue_ = value;
+  (this->*levels_.back()->end)();
+  return {};
 }
 
 std::string JsonJobReader::PutSetting(const JsonValue& value) {
@@ -281,7 +289,7 @@ bool JsonJobReader::end_array() {
   levels_.pop_back();
   place_.Leave();
   if (&level == &Levels::kParts) RequireAllParts();
-  if (level.form == Form::kRow && part_ != level.columns) {
+  if (level.form == Form::kRow && part_ < (level.least == 0 ? level.columns : level.least)) {
     Fail("expected " + ExpectedParts(level.columns));
   }
   if (IsOfLists(level.form) && level.end != nullptr) (this->*level.end)();

@@ -6,6 +6,7 @@
 #include "host/store/file_trouble_catcher.h"
 #include "host/store/json_design_writer.h"
 #include "host/store/json_drawing_writer.h"
+#include "host/store/json_gis_writer.h"
 #include "host/store/json_writer.h"
 #include "host/store/progress.h"
 #include "host/store/records.h"
@@ -44,6 +45,7 @@ class JobWriter {
                 [&](int i) { return controls.GetOriAt(i); });
     WriteCurrent();
     JsonDesignWriter(json_, progress_).Write(document_);
+    JsonGisWriter(json_, progress_, *document_.GetLibGis()).Write();
     json_.NextMember("targets");
     json_.BeginObject();
     json_.WriteMembers(TargetsOf(document_));

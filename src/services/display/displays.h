@@ -117,15 +117,17 @@ class CDisLibProfile {
   CLibRoad* roads_;
 };
 
-/// GIS themes, which hold no geometry yet.
+/// GIS themes: points, lines and the rings of polygons, each theme on a layer of its own.
 class CDisLibGis {
  public:
   CDisLibGis(CTcadEng* engine, CDocSymbolManager* symbols, gis::CLibGis* library, bool all);
+  /// Draws all of them anew.
   void RiCreaTutto();
   void AnnullaTutto();
 
  private:
   CTcadEng* engine_;
+  gis::CLibGis* library_;
 };
 
 namespace display {
