@@ -2,6 +2,7 @@
 #include <filesystem>
 
 #include "host/store/database.h"
+#include "host/store/folder_cadastre.h"
 #include "host/store/folder_design.h"
 #include "host/store/folder_drawing.h"
 #include "host/store/folder_job.h"
@@ -39,6 +40,7 @@ class FolderReader {
     ReadKnownPoints();
     if (HoldsDesign(database_)) ReadDesign(database_, document_, progress_);
     if (HoldsDrawing(database_)) ReadDrawing(database_, *document_.GetCadEngine(), progress_);
+    ReadCadastre(database_, *document_.GetCts());
     ForEachRow(database_, kTargetsTable,
                [&](const auto& row, const RowParents&) { Store(row, document_); });
     ForEachRow(database_, kCurrentTable, [&](const auto& row, const RowParents&) { Select(row); });

@@ -4,6 +4,7 @@
 #include <optional>
 
 #include "host/store/file_trouble_catcher.h"
+#include "host/store/json_cadastre_writer.h"
 #include "host/store/json_design_writer.h"
 #include "host/store/json_drawing_writer.h"
 #include "host/store/json_writer.h"
@@ -44,6 +45,7 @@ class JobWriter {
                 [&](int i) { return controls.GetOriAt(i); });
     WriteCurrent();
     JsonDesignWriter(json_, progress_).Write(document_);
+    WriteCadastreJson(json_, *document_.GetCts());
     json_.NextMember("targets");
     json_.BeginObject();
     json_.WriteMembers(TargetsOf(document_));
