@@ -41,6 +41,16 @@ class TroubleScope {
   platform::FileTroubleListener previous_;
 };
 
+// What message boxes said, on one line.
+std::string OnOneLine(const std::vector<std::string>& messages) {
+  std::string line;
+  for (const std::string& message : messages) {
+    if (!line.empty()) line += "; ";
+    for (const char c : message) line += c == '\n' ? std::string("; ") : std::string(1, c);
+  }
+  return line;
+}
+
 std::string NameOf(const std::string& path) { return std::string(platform::FileName(path)); }
 
 // Runs one function of the module on one file and gives back what it said; throws Failure when it
@@ -59,6 +69,7 @@ std::vector<std::string> Run(const Module& module, const char* function, const s
   if (const std::string reason = trouble.Reason(absolute); !reason.empty()) {
     throw Failed(path, reason);
   }
+  if (FormatOf(path).messageIsFailure && !said.empty()) throw Failed(path, OnOneLine(said));
   said.insert(said.end(), views.Notes().begin(), views.Notes().end());
   if (result.value == 1 || views.HasWritten()) return said;
   throw Failed(path, said.empty() ? Xlate("the module refused it").ToUtf8() : said.front());

@@ -13,6 +13,7 @@
 std::span<const FormatRow> FormatTable() {
   using enum Exchanged;
   constexpr Carried kTotalStation{};
+  constexpr Carried kObservations{.gps = true};
   constexpr Carried kAll{true, true, true};
   constexpr Carried kDrawing{true, true, true, true, true};
   constexpr Carried kLandXml{.gps = true, .known = true, .controls = false, .design = true};
@@ -25,7 +26,7 @@ std::span<const FormatRow> FormatTable() {
       {"dwg", "DWG", kNotYet, kNotYet, "FImportDXFDWGFile", "FExportDXFDWGFile", kDrawing},
       {"shp", "Shape", kNotYet, kNotYet, "FImportEntFromFileShape", "FExportEntInFileShape", kAll},
       {"xml", "LandXML", kNow, kNow, nullptr, "FExportLandXMLFile", kLandXml},
-      {"dat", "DAT", kNever, kNotYet, nullptr, "FExportDATFile", kAll},
+      {"dat", "DAT", kNever, kNow, nullptr, "FExportDATFile", kObservations, false, true},
   }};
   return kTable;
 }

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "cadastral_report.h"
 #include "console.h"
 #include "counts.h"
 #include "drawing_report.h"
@@ -177,6 +178,7 @@ void ReportJob(HostDocument& document, bool all) {
   ReportKnownGroups(*document.GetLibPnt(), all);
   ReportTerrain(*document.GetLibDtm(), all);
   ReportRoads(*document.GetLibRoad(), all);
+  if (!document.GetCts()->IsEmpty()) ReportCadastre(*document.GetCts());
   ReportDrawing(*document.GetCadEngine(), all);
   console::Out(Text(Xlate("In all:")) + " " + InWords(CountsOf(document)) + "\n");
   ReportExtents(ExtentsOf(document));

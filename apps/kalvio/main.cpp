@@ -35,6 +35,7 @@ int RunCommand(const Arguments& arguments) {
   if (name == "show") return RunShow(arguments);
   if (name == "terrain") return RunTerrain(arguments);
   if (name == "plot") return RunPlot(arguments);
+  if (name == "cadastral") return RunCadastral(arguments);
   return RunFormats();
 }
 

@@ -3,6 +3,7 @@
 
 #include "host/store/database.h"
 #include "host/store/file_trouble_catcher.h"
+#include "host/store/folder_cadastre.h"
 #include "host/store/folder_design.h"
 #include "host/store/folder_drawing.h"
 #include "host/store/folder_gis.h"
@@ -38,6 +39,7 @@ class FolderWriter {
     WriteDesign(database_, document_, progress_);
     WriteDrawing(database_, *document_.GetCadEngine(), progress_);
     WriteGis(database_, *document_.GetLibGis(), progress_);
+    WriteCadastre(database_, *document_.GetCts());
     Inserter(database_, kTargetsTable).Add(TargetsOf(document_));
     Inserter(database_, kCurrentTable).Add(CurrentOf(document_));
   }

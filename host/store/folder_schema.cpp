@@ -20,6 +20,7 @@ bool HoldsDrawing(const Database& database) {
   return database.WholeOf("PRAGMA user_version") >= kVersionWithDrawing;
 }
 
-bool HoldsGis(const Database& database) {
-  return database.WholeOf("PRAGMA user_version") >= kVersionWithGis;
+bool HoldsTable(const Database& database, const char* name) {
+  return database.WholeOf(std::string("SELECT count(*) FROM sqlite_schema WHERE name = '") + name +
+                          "'") != 0;
 }

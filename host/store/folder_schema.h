@@ -3,6 +3,7 @@
 
 #include <cstdint>
 
+#include "host/store/cadastre_records.h"
 #include "host/store/database.h"
 #include "host/store/drawing_records.h"
 #include "host/store/fields.h"
@@ -13,13 +14,11 @@
 
 /// Marks the file as ours ("KLVJ"), and the layout of its tables.
 inline constexpr std::int64_t kApplicationId = 0x4B4C564A;
-inline constexpr std::int64_t kSchemaVersion = 5;
+inline constexpr std::int64_t kSchemaVersion = 4;
 /// The first layout with terrain and roads.
 inline constexpr std::int64_t kVersionWithDesign = 2;
 /// The first layout with a drawing.
 inline constexpr std::int64_t kVersionWithDrawing = 3;
-/// The first layout with GIS themes.
-inline constexpr std::int64_t kVersionWithGis = 5;
 
 /// Whether there is a job in the database; false for one that is new. Fails when it is something
 /// else, or a job that a newer version wrote.
@@ -28,8 +27,8 @@ bool HoldsJob(const Database& database);
 bool HoldsDesign(const Database& database);
 /// The same of a drawing.
 bool HoldsDrawing(const Database& database);
-/// The same of GIS themes.
-bool HoldsGis(const Database& database);
+/// Whether the job was written with a table of that name.
+bool HoldsTable(const Database& database, const char* name);
 
 inline constexpr std::array<std::string_view, 2> kOfStation = {"parent_job", "parent_station"};
 inline constexpr Parents kOfJob = std::span(kOfStation).first(1);
@@ -175,6 +174,34 @@ inline constexpr StoredTable<GisFieldRecord> kThemeFieldTable{"gis_fields", kOfT
 inline constexpr StoredTable<FeatureRecord> kFeatureTable{"gis_features", kOfTheme};
 inline constexpr StoredTable<FeatureVertexRecord> kFeatureVertexTable{"gis_vertices", kOfPart};
 
+/// The name of a point or parcel.
+struct NameRecord {
+  std::string name;
+
+  static constexpr auto Fields() { return std::tuple{Field{"name", &NameRecord::name}}; }
+};
+
+struct TraverseRecord {
+  int vertices = 0;
+
+  static constexpr auto Fields() {
+    return std::tuple{Field{"vertices", &TraverseRecord::vertices}};
+  }
+};
+
+inline constexpr std::array<std::string_view, 1> kOfTraverse = {"parent_traverse"};
+inline constexpr std::array<std::string_view, 1> kOfContourLine = {"parent_contour"};
+
+inline constexpr StoredTable<CadastreRecord> kCadastreTable{"cadastre"};
+inline constexpr StoredTable<NameRecord> kParcelTable{"cadastre_parcels"};
+inline constexpr StoredTable<TraverseRecord> kTraverseTable{"cadastre_traverses"};
+inline constexpr StoredTable<NameRecord> kTraverseVertexTable{"cadastre_traverse_vertices",
+                                                              kOfTraverse};
+inline constexpr StoredTable<ContourLineRecord> kContourLineTable{"cadastre_contours"};
+inline constexpr StoredTable<NameRecord> kContourVertexTable{"cadastre_contour_vertices",
+                                                             kOfContourLine};
+inline constexpr StoredTable<FiducialRecord> kFiducialTable{"cadastre_fiducials"};
+
 /// Calls `visit` with each table.
 template <class Visit>
 void ForEachTable(Visit visit) {
@@ -211,4 +238,11 @@ void ForEachTable(Visit visit) {
   visit(kThemeFieldTable);
   visit(kFeatureTable);
   visit(kFeatureVertexTable);
+  visit(kCadastreTable);
+  visit(kParcelTable);
+  visit(kTraverseTable);
+  visit(kTraverseVertexTable);
+  visit(kContourLineTable);
+  visit(kContourVertexTable);
+  visit(kFiducialTable);
 }

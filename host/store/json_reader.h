@@ -10,6 +10,7 @@
 #include <variant>
 #include <vector>
 
+#include "host/store/cadastre_records.h"
 #include "host/store/drawing_builder.h"
 #include "host/store/gis_records.h"
 #include "host/store/json_place.h"
@@ -57,10 +58,19 @@ class JsonJobReader {
                    CovarianceRecord*, std::array<std::string, 4>*, std::array<int, 2>*, Setting*>;
 
   // A row is a list of a certain number of numbers; values are plain ones of any kind.
-  enum class Form { kObject, kListOfObjects, kListOfLists, kRow, kNumbers, kValues, kNotHeld };
+  enum class Form {
+    kObject,
+    kListOfObjects,
+    kListOfLists,
+    kRow,
+    kNumbers,
+    kTexts,
+    kValues,
+    kNotHeld
+  };
   // One kind of object in the document: where it stands in the object above, what it holds, what it
   // leads to. `begin` and `end` are of each object; of a list of lists and of a row, of the list;
-  // of numbers and values, `end` is of each of them.
+  // of numbers, texts and values, `begin` is of the list and `end` of each of them.
   struct Level {
     std::string_view key = {};  // in the object above; empty: any
     Form form = Form::kObject;
@@ -73,8 +83,10 @@ class JsonJobReader {
   };
   struct Levels;
   struct DrawingLevels;
+  struct CadastreLevels;
   struct GisLevels;
   static const Level kDrawing[3];
+  static const Level kCadastre[4];
   static const Level kGis[1];
 
   bool TakeValue(const JsonValue& value);
@@ -84,6 +96,9 @@ class JsonJobReader {
   static const Level* Below(const Level& level, std::string_view key);
   static bool IsListForm(Form form) { return form != Form::kObject; }
   static bool IsOfLists(Form form) { return form == Form::kListOfLists || form == Form::kRow; }
+  static bool IsOfPlain(Form form) {
+    return form == Form::kNumbers || form == Form::kTexts || form == Form::kValues;
+  }
   void RequireHeld() const;
 
   std::string PutMember(const JsonValue& value);
@@ -92,6 +107,7 @@ class JsonJobReader {
   std::string PutNumber(const JsonValue& value);
   std::string PutLoneNumber(const JsonValue& value);
   std::string PutLoneValue(const JsonValue& value);
+  std::string PutLoneText(const JsonValue& value);
   std::string PutSetting(const JsonValue& value);
   void RequireAllParts() const;
 
@@ -178,6 +194,16 @@ class JsonJobReader {
   void BeginThemePart() { themes_.AddPart(); }
   void EndThemeVertex();
   void EndThemeValue() { themes_.AddValue(loneValue_); }
+  void EndParcel() { Cadastre().parcels.push_back(text_); }
+  void BeginTraverse() { Cadastre().traverses.emplace_back(); }
+  void EndTraverseVertex() { Cadastre().traverses.back().push_back(text_); }
+  void BeginContourLine();
+  void EndContourLine() { Cadastre().contours.back().type = contourLine_.type; }
+  void EndContourLineVertex() { Cadastre().contours.back().points.push_back(text_); }
+  void BeginFiducial() { fiducial_ = {}; }
+  void EndFiducial() { Cadastre().fiducials.push_back(fiducial_); }
+  void EndCadastre() { Cadastre().heading = cadastre_; }
+  cadastre::Survey& Cadastre() { return document_.GetCts()->Survey(); }
   void BeginSection() { setting_.section = place_.KeyAbove(); }
   void EndDocument();
   void CountPoint();
@@ -226,6 +252,10 @@ class JsonJobReader {
 
   ThemeBuilder themes_;  // the open one
   GisFieldRecord themeField_;
+  std::string text_;  // of a list of texts
+  CadastreRecord cadastre_;
+  ContourLineRecord contourLine_;
+  FiducialRecord fiducial_;
 
   DrawingBuilder drawing_{*document_.GetCadEngine()};
   LayerRecord layer_;

@@ -4,6 +4,7 @@
 #include <optional>
 
 #include "host/store/file_trouble_catcher.h"
+#include "host/store/json_cadastre_writer.h"
 #include "host/store/json_design_writer.h"
 #include "host/store/json_drawing_writer.h"
 #include "host/store/json_gis_writer.h"
@@ -46,6 +47,7 @@ class JobWriter {
     WriteCurrent();
     JsonDesignWriter(json_, progress_).Write(document_);
     JsonGisWriter(json_, progress_, *document_.GetLibGis()).Write();
+    WriteCadastreJson(json_, *document_.GetCts());
     json_.NextMember("targets");
     json_.BeginObject();
     json_.WriteMembers(TargetsOf(document_));

@@ -74,12 +74,16 @@ class CDisLibPnt : public PointDisplay {
   CLibPnt* library_;
 };
 
-/// Cadastral data, which hold no points yet.
+/// The fiducial points of a cadastral survey. What its contours join are points of the other
+/// libraries.
 class CDisCts : public PointDisplay {
  public:
   CDisCts(CTcadEng* engine, CDocSymbolManager* symbols, CCts* cadastre);
   void CreaTutto(bool explode);
   void DelTutto() { DeleteAll(); }
+
+ private:
+  CCts* cadastre_;
 };
 
 /// Terrain models: triangles as faces, breaklines and contours as polylines in space.
