@@ -1,0 +1,178 @@
+// Shape files through the program: points out and in, themes drawn, what show tells.
+#include "run_kalvio.h"
+
+using testing::AllOf;
+using testing::ElementsAre;
+using testing::HasSubstr;
+using testing::IsEmpty;
+using testing::Not;
+
+namespace e2e {
+namespace {
+
+class Shape : public testing::Test {
+ protected:
+  Shape() { folder.Write("points.csv", "P1;10;20;5.5;EDGE\nP2;30;40;6.25;Genò\nP3;50;60;;X\n"); }
+  Outcome Run(const std::vector<std::string>& words) { return RunKalvio(words, where); }
+  void Convert(const std::vector<std::string>& words) {
+    std::vector<std::string> all = {"convert"};
+    all.insert(all.end(), words.begin(), words.end());
+    const Outcome run = Run(all);
+    ASSERT_EQ(run.status, 0) << run.err;
+  }
+  std::string Bytes(const std::string& name) { return ReadBytes(folder.File(name)); }
+  nlohmann::json Json(const std::string& name) { return nlohmann::json::parse(Bytes(name)); }
+  Outcome Call(const std::string& function, const std::string& answers,
+               const std::vector<std::string>& more = {}) {
+    folder.Write("answers.json", answers);
+    std::vector<std::string> words = {"call", function, "--answers", "answers.json"};
+    words.insert(words.end(), more.begin(), more.end());
+    return Run(words);
+  }
+
+  TemporaryFolder folder;
+  Surroundings where{.folder = folder.Path()};
+};
+
+TEST_F(Shape, PointsBecomeAThemeAndItsPointsKnownPointsAgain) {
+  Convert({"points.csv", "points.shp"});
+  EXPECT_THAT(folder.Names(),
+              ElementsAre("points.cpg", "points.csv", "points.dbf", "points.shp", "points.shx"));
+  Convert({"points.shp", "back.csv"});
+  // A point without a height among others has height 0 in the file.
+  EXPECT_EQ(Bytes("back.csv"), "P1;10;20;5.5;EDGE\nP2;30;40;6.25;Gen\xF2\nP3;50;60;0;X\n");
+}
+
+TEST_F(Shape, WhatIsChangedOnTheWayIsTold) {
+  const Outcome run = Run({"convert", "points.csv", "points.shp"});
+  EXPECT_THAT(run.err, HasSubstr("vertices without a height, written with height 0: 1"));
+  EXPECT_THAT(run.out, HasSubstr("wrote points.shp: 1 group of known points, 3 known points"));
+}
+
+TEST_F(Shape, AnOlderSetIsReplaced) {
+  Convert({"points.csv", "points.shp"});
+  const std::string before = Bytes("points.shp");
+  folder.Write("points.shp", "old");
+  Convert({"points.csv", "points.shp"});
+  EXPECT_EQ(Bytes("points.shp"), before);
+}
+
+TEST_F(Shape, TheReferenceSystemIsWrittenBesideIt) {
+  Convert({"--crs", "EPSG:32632", "points.csv", "points.shp"});
+  EXPECT_THAT(Bytes("points.prj"), HasSubstr("PROJCS[\"WGS_1984_UTM_Zone_32N\""));
+  Convert({"points.shp", "copy.shp"});
+  EXPECT_EQ(Bytes("copy.prj"), Bytes("points.prj"));
+  EXPECT_THAT(Run({"show", "points.shp"}).out,
+              HasSubstr("Reference system of theme points: WGS_1984_UTM_Zone_32N"));
+}
+
+TEST_F(Shape, AThemeIsDrawnOnALayerOfItsName) {
+  Convert({"points.csv", "points.shp"});
+  Convert({"points.shp", "drawing.dxf"});
+  EXPECT_THAT(Bytes("drawing.dxf"), AllOf(HasSubstr("POINT\n"), HasSubstr("\npoints\n")));
+}
+
+TEST_F(Shape, ShowTellsThemesFieldsExtentsAndTheEncoding) {
+  Convert({"points.csv", "points.shp"});
+  const Outcome run = Run({"show", "points.shp"});
+  EXPECT_EQ(run.status, 0) << run.err;
+  EXPECT_THAT(run.out, AllOf(HasSubstr("Themes"), HasSubstr("points  points           3"),
+                             HasSubstr("NAME   text"), HasSubstr("1 theme, 3 features"),
+                             HasSubstr("10.000"), HasSubstr("Encoding of the texts: UTF-8")));
+}
+
+TEST_F(Shape, AThemeOfTheJobIsWrittenUnderTheNameAskedForAndKeepsItsOwn) {
+  folder.Write("job.json", R"({"gis": {"themes": [{"name": "Trees", "fields": [{"name": "N",
+      "type": "integer"}], "features": [{"parts": [[[1, 2]]], "values": [7]}]}]}})");
+  Convert({"--job", "job.json", "out.shp"});
+  EXPECT_THAT(folder.Names(), testing::IsSupersetOf({"out.dbf", "out.shp"}));
+  EXPECT_EQ(Json("job.json")["gis"]["themes"][0]["name"], "Trees");
+}
+
+TEST_F(Shape, SeveralThemesHaveAFileEach) {
+  folder.Write("job.json", R"({"knownGroups": [{"points": [{"name": "P", "x": 1, "y": 2}]}],
+      "gis": {"themes": [{"name": "a"}, {"name": "b", "type": "line"}]}})");
+  const Outcome run = Run({"convert", "--job", "job.json", "out.shp"});
+  EXPECT_EQ(run.status, 0) << run.err;
+  EXPECT_THAT(folder.Names(), testing::IsSupersetOf({"out.shp", "out-a.shp", "out-b.shp"}));
+  EXPECT_THAT(run.err, HasSubstr("out-a.shp"));
+}
+
+TEST_F(Shape, AJobWithoutPlacesIsRefused) {
+  folder.Write("job.json", R"({"knownGroups": [{"points": [{"name": "P"}]}]})");
+  const Outcome run = Run({"convert", "--job", "job.json", "out.shp"});
+  EXPECT_EQ(run.status, 1);
+  EXPECT_THAT(run.err, HasSubstr("out.shp: the job holds no points with plane coordinates"));
+  EXPECT_THAT(folder.Names(), ElementsAre("job.json", "points.csv"));
+}
+
+TEST_F(Shape, AFileThatBreaksOffIsRefusedWithThePlace) {
+  Convert({"points.csv", "points.shp"});
+  folder.Write("points.shp", Bytes("points.shp").substr(0, 150));
+  const Outcome run = Run({"convert", "points.shp", "back.csv"});
+  EXPECT_EQ(run.status, 1);
+  EXPECT_THAT(run.err, AllOf(HasSubstr("points.shp: nothing was imported:"),
+                             HasSubstr("inconsistent data"), HasSubstr("at byte 144")));
+}
+
+TEST_F(Shape, AFolderThatTakesNoFilesIsNamed) {
+  const Outcome run = Run({"convert", "points.csv", "none/points.shp"});
+  EXPECT_EQ(run.status, 1);
+  EXPECT_THAT(run.err, HasSubstr("none/points.shp"));
+}
+
+TEST_F(Shape, LinesWithoutATableGiveTheirVertices) {
+  folder.Write("job.json", R"({"gis": {"themes": [{"name": "l", "type": "line", "dimension": 3,
+      "features": [{"parts": [[[1, 2, 3], [4, 5, 6]]]}]}]}})");
+  Convert({"--job", "job.json", "l.shp"});
+  std::filesystem::remove(folder.File("l.dbf"));
+  Convert({"l.shp", "l.csv"});
+  EXPECT_EQ(Bytes("l.csv"), "1;1;2;3;\n2;4;5;6;\n");
+}
+
+// ---- The module's two functions ----
+
+TEST_F(Shape, CallImportsAThemeAndItsPoints) {
+  Convert({"points.csv", "points.shp"});
+  const Outcome run =
+      Call("FImportEntFromFileShape",
+           R"([{"dialog": "shape-import", "set": {"file": "points", "createPoints": true,
+               "nameField": 1, "codeField": 2}, "press": "OK"}])",
+           {"--save", "out.json"});
+  EXPECT_EQ(run.status, 0) << run.err;
+  EXPECT_THAT(EventNames(run.out), ElementsAre("dialog", "wait", "wait", "message", "returned"));
+  EXPECT_THAT(run.out, HasSubstr("File imported successfully"));
+  const nlohmann::json job = Json("out.json");
+  EXPECT_EQ(job["knownGroups"][0]["labels"][0], "points");
+  EXPECT_EQ(job["knownGroups"][0]["points"][1]["name"], "P2");
+  EXPECT_EQ(job["knownGroups"][0]["points"][1]["desc2"], "Genò");
+  EXPECT_EQ(job["gis"]["themes"][0]["features"][1]["parts"],
+            nlohmann::json::parse("[[[30, 40, 6.25]]]"));
+}
+
+TEST_F(Shape, CallExportsAfterTheQuestion) {
+  folder.Write("trees.shp", "old");
+  folder.Write("job.json", R"({"gis": {"themes": [{"name": "trees"}, {"name": "other"}]}})");
+  const std::string dialog = R"([{"dialog": "shape-export", "set": {"themes": [0], "folder": ")" +
+                             folder.Path() + R"(", "maxChars": 10}, "press": "OK"})";
+  const std::string question = R"(, {"message": "The Shape file )" + folder.Path() +
+                               R"(\\trees.shp already exists!\r\nOverwrite it?", "press": ")";
+  Outcome run = Call("FExportEntInFileShape", dialog + question + "No\"}]", {"--job", "job.json"});
+  EXPECT_EQ(run.status, 0) << run.err;
+  EXPECT_EQ(Bytes("trees.shp"), "old");
+  run = Call("FExportEntInFileShape", dialog + question + "Yes\"}]", {"--job", "job.json"});
+  EXPECT_EQ(run.status, 0) << run.err;
+  EXPECT_EQ(Bytes("trees.shp").size(), 100U);
+  EXPECT_THAT(folder.Names(), Not(testing::Contains("other.shp")));
+}
+
+TEST_F(Shape, AThemeThatIsThereIsRefusedByName) {
+  Convert({"points.csv", "points.shp"});
+  folder.Write("job.json", R"({"gis": {"themes": [{"name": "Points"}]}})");
+  const Outcome run = Run({"convert", "--job", "job.json", "points.shp", "out.csv"});
+  EXPECT_EQ(run.status, 1);
+  EXPECT_THAT(run.err, HasSubstr("Theme already present in the GIS data."));
+}
+
+}  // namespace
+}  // namespace e2e
