@@ -186,7 +186,7 @@ TEST(Formats, TableTellsWhatCanBeDone) {
             "DWG      dwg        not yet  not yet\n"
             "Shape    shp        not yet  not yet\n"
             "LandXML  xml        yes      yes\n"
-            "DAT      dat        –        not yet\n");
+            "DAT      dat        –        yes\n");
 }
 
 TEST(Formats, TakesNoWords) { EXPECT_EQ(RunKalvio({"formats", "all"}).status, 2); }
