@@ -1,6 +1,7 @@
 #include "commands.h"
 #include "console.h"
 #include "failure.h"
+#include "host/gis/shape_files.h"
 #include "job_session.h"
 #include "module.h"
 #include "nearest_word.h"
@@ -112,6 +113,7 @@ int RunCall(const Arguments& arguments) {
     const ToldCadFiles told(views);
     result = module.Call(function, parent, session.Document(), options);
   }
+  for (const tdk::WString& note : ShapeFiles::Install().TakeNotes()) views.TakeNote({{}, 0, note});
   // A call that was ended or could not be told leaves the job as it was.
   if (!views.Ended()) views.Print(Returned(result));
   if (views.Ended()) throw Failure(*views.Ended());
