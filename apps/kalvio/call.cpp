@@ -113,7 +113,9 @@ int RunCall(const Arguments& arguments) {
     const ToldCadFiles told(views);
     result = module.Call(function, parent, session.Document(), options);
   }
-  for (const tdk::WString& note : ShapeFiles::Install().TakeNotes()) views.TakeNote({{}, 0, note});
+  for (const tdk::WString& note : ShapeFiles::Install().TakeNotes()) {
+    console::Complain(note.ToUtf8());
+  }
   // A call that was ended or could not be told leaves the job as it was.
   if (!views.Ended()) views.Print(Returned(result));
   if (views.Ended()) throw Failure(*views.Ended());

@@ -12,6 +12,7 @@
 #include "services/number_text.h"
 #include "services/translate.h"
 #include "table.h"
+#include "theme_report.h"
 
 namespace {
 
@@ -179,6 +180,7 @@ void ReportJob(HostDocument& document, bool all) {
   ReportTerrain(*document.GetLibDtm(), all);
   ReportRoads(*document.GetLibRoad(), all);
   if (!document.GetCts()->IsEmpty()) ReportCadastre(*document.GetCts());
+  ReportThemes(*document.GetLibGis(), all);
   ReportDrawing(*document.GetCadEngine(), all);
   console::Out(Text(Xlate("In all:")) + " " + InWords(CountsOf(document)) + "\n");
   ReportExtents(ExtentsOf(document));

@@ -13,6 +13,7 @@ bool ShapeFiles::FieldsOf(const tdk::WString& dbfPath, std::vector<tdk::WString>
 
 ShapeOutcome ShapeFiles::Import(const ShapeImport& what) {
   ShapeOutcome outcome = shape::ImportShapeFile(what);
+  encoding_ = outcome.encoding;
   notes_.insert(notes_.end(), outcome.notes.begin(), outcome.notes.end());
   return outcome;
 }

@@ -14,9 +14,13 @@ class ShapeFiles : public IShapeFiles {
   /// What the imports and exports since the last call had to say, each with its file.
   std::vector<tdk::WString> TakeNotes();
 
+  /// What the texts of the table imported last were in; empty when nothing told it.
+  const std::string& LastEncoding() const { return encoding_; }
+
   /// The files of this process; made current at the first call.
   static ShapeFiles& Install();
 
  private:
   std::vector<tdk::WString> notes_;
+  std::string encoding_;
 };

@@ -55,6 +55,7 @@ class Import {
       outcome.result = refusal.result;
       outcome.name = refusal.name;
     }
+    if (rows_ != nullptr) outcome.encoding = rows_->EncodingName();
     outcome.notes = std::move(remarks_);
     return outcome;
   }

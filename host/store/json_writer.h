@@ -76,11 +76,6 @@ class JsonWriter {
     NextMember(key);
     text_ += value;
   }
-  /// An element of the open list that is JSON already.
-  void WriteRawElement(std::string_view value) {
-    NextElement();
-    text_ += value;
-  }
 
   template <class Record>
   void WriteMembers(const Record& record) {
