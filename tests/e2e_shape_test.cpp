@@ -4,8 +4,6 @@
 using testing::AllOf;
 using testing::ElementsAre;
 using testing::HasSubstr;
-using testing::IsEmpty;
-using testing::Not;
 
 namespace e2e {
 namespace {
@@ -22,13 +20,6 @@ class Shape : public testing::Test {
   }
   std::string Bytes(const std::string& name) { return ReadBytes(folder.File(name)); }
   nlohmann::json Json(const std::string& name) { return nlohmann::json::parse(Bytes(name)); }
-  Outcome Call(const std::string& function, const std::string& answers,
-               const std::vector<std::string>& more = {}) {
-    folder.Write("answers.json", answers);
-    std::vector<std::string> words = {"call", function, "--answers", "answers.json"};
-    words.insert(words.end(), more.begin(), more.end());
-    return Run(words);
-  }
 
   TemporaryFolder folder;
   Surroundings where{.folder = folder.Path()};
@@ -128,42 +119,6 @@ TEST_F(Shape, LinesWithoutATableGiveTheirVertices) {
   std::filesystem::remove(folder.File("l.dbf"));
   Convert({"l.shp", "l.csv"});
   EXPECT_EQ(Bytes("l.csv"), "1;1;2;3;\n2;4;5;6;\n");
-}
-
-// ---- The module's two functions ----
-
-TEST_F(Shape, CallImportsAThemeAndItsPoints) {
-  Convert({"points.csv", "points.shp"});
-  const Outcome run =
-      Call("FImportEntFromFileShape",
-           R"([{"dialog": "shape-import", "set": {"file": "points", "createPoints": true,
-               "nameField": 1, "codeField": 2}, "press": "OK"}])",
-           {"--save", "out.json"});
-  EXPECT_EQ(run.status, 0) << run.err;
-  EXPECT_THAT(EventNames(run.out), ElementsAre("dialog", "wait", "wait", "message", "returned"));
-  EXPECT_THAT(run.out, HasSubstr("File imported successfully"));
-  const nlohmann::json job = Json("out.json");
-  EXPECT_EQ(job["knownGroups"][0]["labels"][0], "points");
-  EXPECT_EQ(job["knownGroups"][0]["points"][1]["name"], "P2");
-  EXPECT_EQ(job["knownGroups"][0]["points"][1]["desc2"], "Genò");
-  EXPECT_EQ(job["gis"]["themes"][0]["features"][1]["parts"],
-            nlohmann::json::parse("[[[30, 40, 6.25]]]"));
-}
-
-TEST_F(Shape, CallExportsAfterTheQuestion) {
-  folder.Write("trees.shp", "old");
-  folder.Write("job.json", R"({"gis": {"themes": [{"name": "trees"}, {"name": "other"}]}})");
-  const std::string dialog = R"([{"dialog": "shape-export", "set": {"themes": [0], "folder": ")" +
-                             folder.Path() + R"(", "maxChars": 10}, "press": "OK"})";
-  const std::string question = R"(, {"message": "The Shape file )" + folder.Path() +
-                               R"(\\trees.shp already exists!\r\nOverwrite it?", "press": ")";
-  Outcome run = Call("FExportEntInFileShape", dialog + question + "No\"}]", {"--job", "job.json"});
-  EXPECT_EQ(run.status, 0) << run.err;
-  EXPECT_EQ(Bytes("trees.shp"), "old");
-  run = Call("FExportEntInFileShape", dialog + question + "Yes\"}]", {"--job", "job.json"});
-  EXPECT_EQ(run.status, 0) << run.err;
-  EXPECT_EQ(Bytes("trees.shp").size(), 100U);
-  EXPECT_THAT(folder.Names(), Not(testing::Contains("other.shp")));
 }
 
 TEST_F(Shape, AThemeThatIsThereIsRefusedByName) {

@@ -65,13 +65,6 @@ double WorstPdop(const std::vector<Measurement>& measurements) {
 class GpsWriter {
  public:
   explicit GpsWriter(DatDraft& draft) : draft_(draft) {}
-  ~GpsWriter() {
-    draft_.RemarkOf(unplaced_, Xlate("GPS points without a position are left out ({1})"));
-    draft_.RemarkOf(empty_, Xlate("GPS groups without measurements are left out ({1})"));
-    draft_.RemarkOf(withoutPdop_, Xlate("GPS points have no PDOP: its field is empty ({1})"));
-  }
-  GpsWriter(const GpsWriter&) = delete;
-  GpsWriter& operator=(const GpsWriter&) = delete;
 
   void WriteGroup(const CLibGps& library, int index) {
     const CGrpGps& group = *library.GetGrpAt(index);
@@ -88,6 +81,12 @@ class GpsWriter {
     WriteBase(group, base);
     WriteSession(group, measurements);
     for (const Measurement& measurement : measurements) WriteBaseline(measurement, base);
+  }
+
+  void TellLeftOut() {
+    draft_.RemarkOf(unplaced_, Xlate("GPS points without a position are left out ({1})"));
+    draft_.RemarkOf(empty_, Xlate("GPS groups without measurements are left out ({1})"));
+    draft_.RemarkOf(withoutPdop_, Xlate("GPS points have no PDOP: its field is empty ({1})"));
   }
 
  private:
@@ -168,6 +167,7 @@ class GpsWriter {
 void WriteGps(const CLibGps& library, DatDraft& draft) {
   GpsWriter writer(draft);
   for (int group = 0; group < library.GetGrpArSize(); ++group) writer.WriteGroup(library, group);
+  writer.TellLeftOut();
 }
 
 }  // namespace dat

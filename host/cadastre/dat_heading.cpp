@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 
+#include "model/gis_table.h"
 #include "platform/numbers.h"
 #include "services/translate.h"
 
@@ -39,16 +40,9 @@ int NumberAt(const std::string& text, std::size_t at, std::size_t digits) {
 }
 
 bool IsDate(const std::string& text) {
-  if (text.size() != 8 || !AreDigits(text)) return false;
-  const int day = NumberAt(text, 0, 2);
-  const int month = NumberAt(text, 2, 2);
-  const int year = NumberAt(text, 4, 4);
-  constexpr std::array kDays = {31, 29, 31, 30, 31, 30, 31, 31, 30, 31, 30, 31};
-  if (month < 1 || month > 12 || day < 1 || day > kDays[static_cast<std::size_t>(month - 1)]) {
-    return false;
-  }
-  const bool isLeap = year % 4 == 0 && (year % 100 != 0 || year % 400 == 0);
-  return month != 2 || day < 29 || isLeap;
+  constexpr std::size_t kDigits = 8;
+  return text.size() == kDigits && AreDigits(text) &&
+         gis::IsValid({NumberAt(text, 4, 4), NumberAt(text, 2, 2), NumberAt(text, 0, 2)});
 }
 
 bool IsMunicipality(const std::string& text) {

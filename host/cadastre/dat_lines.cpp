@@ -2,6 +2,8 @@
 
 #include <algorithm>
 #include <array>
+#include <set>
+#include <string_view>
 
 #include "platform/numbers.h"
 #include "services/ini_file.h"
@@ -95,14 +97,11 @@ void WriteFiducials(const cadastre::Survey& survey, DatDraft& draft) {
 
 void CheckNames(DatDraft& draft) {
   constexpr std::size_t kShown = 10;
-  std::vector<std::string> unknown;
-  for (const std::string& name : draft.named) {
-    const bool isTold = std::find(unknown.begin(), unknown.end(), name) != unknown.end();
-    if (!isTold && !draft.surveyed.contains(name)) unknown.push_back(name);
-  }
+  std::set<std::string_view> unknown;
   std::string list;
-  for (std::size_t i = 0; i < unknown.size() && i < kShown; ++i) {
-    list.append(list.empty() ? "" : ", ").append(unknown[i]);
+  for (const std::string& name : draft.named) {
+    if (draft.surveyed.contains(name) || !unknown.insert(name).second) continue;
+    if (unknown.size() <= kShown) list.append(list.empty() ? "" : ", ").append(name);
   }
   if (unknown.size() > kShown) list += ", …";
   if (unknown.empty()) return;

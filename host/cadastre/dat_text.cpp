@@ -26,11 +26,16 @@ std::string Trimmed(const std::string& text) {
 }
 
 // The word marks the report at the end of the file; anywhere before, it would make one there.
-void CutReportWord(std::string& text, TextChanges& changes) {
-  for (std::size_t at = 0; (at = Upper(text).find(kReportWord)) != std::string::npos;) {
-    text.replace(at, kReportWord.size(), kReportWordCut);
+std::string WithoutReportWord(const std::string& text, TextChanges& changes) {
+  const std::string upper = Upper(text);
+  std::string result;
+  std::size_t start = 0;
+  for (std::size_t at = 0; (at = upper.find(kReportWord, start)) != std::string::npos;) {
+    result.append(text, start, at - start).append(kReportWordCut);
+    start = at + kReportWord.size();
     ++changes.reportWords;
   }
+  return result.append(text, start);
 }
 
 std::string Cleaned(std::string text, TextChanges& changes) {
@@ -40,8 +45,7 @@ std::string Cleaned(std::string text, TextChanges& changes) {
     c = '/';
     ++changes.separators;
   }
-  CutReportWord(text, changes);
-  return Trimmed(text);
+  return Trimmed(WithoutReportWord(text, changes));
 }
 
 bool LooksLikeANumber(std::string_view text) {

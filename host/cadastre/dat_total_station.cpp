@@ -17,12 +17,6 @@ class TotalStationWriter {
   explicit TotalStationWriter(DatDraft& draft) : draft_(draft) {
     how_.addPrismOffset = CIniFile().ReadBool("Calcolo", "CostantePrisma", false);
   }
-  ~TotalStationWriter() {
-    draft_.RemarkOf(unmeasured_,
-                    Xlate("observations without a distance or a direction are left out ({1})"));
-  }
-  TotalStationWriter(const TotalStationWriter&) = delete;
-  TotalStationWriter& operator=(const TotalStationWriter&) = delete;
 
   void WriteStation(const CSta& station, std::span<CPun* const> points) {
     if (station.NameUtf8().empty()) draft_.Fault(Xlate("a station has no name"));
@@ -31,6 +25,11 @@ class TotalStationWriter {
         .Fixed(station.GetAltStr(), kLengthDecimals)
         .Note(NotesOf(station));
     for (const CPun* const point : points) WritePoint(*point, station);
+  }
+
+  void TellLeftOut() {
+    draft_.RemarkOf(unmeasured_,
+                    Xlate("observations without a distance or a direction are left out ({1})"));
   }
 
  private:
@@ -88,6 +87,7 @@ void WriteTotalStation(const CLibCmp& library, DatDraft& draft) {
       writer.WriteStation(*library.GetStaAt(job, sta), library.PointsOf(job, sta));
     }
   }
+  writer.TellLeftOut();
 }
 
 }  // namespace dat

@@ -109,7 +109,6 @@ void JsonJobReader::FailAtLargeNumber(const std::string& text) {
 }
 
 bool JsonJobReader::key(const std::string& key) {
-  RequireHeld();
   const Level& level = *levels_.back();
   slot_ = level.select == nullptr ? Slot() : (this->*level.select)(key);
   if (slot_.index() == 0 && Below(level, key) == nullptr) {
@@ -124,7 +123,6 @@ bool JsonJobReader::TakeValue(const JsonValue& value) {
   place_.NextValue();
   std::string expected = "an object";
   if (!levels_.empty()) {
-    RequireHeld();
     expected = place_.InList() ? PutListed(value) : PutMember(value);
   }
   if (!expected.empty()) Fail("expected " + expected + ", found " + InWords(value));
@@ -147,7 +145,6 @@ bool JsonJobReader::Open(bool isList) {
 // What the object or list that begins is; null when it does not belong there.
 const JsonJobReader::Level* JsonJobReader::LevelOf(bool isList) {
   if (levels_.empty()) return isList ? nullptr : &Levels::kDocument;
-  RequireHeld();
   if (!place_.InList()) return LevelOfMember(isList);
   const Form form = levels_.back()->form;
   if (form == Form::kListOfLists) return isList ? &levels_.back()->below.front() : nullptr;
@@ -161,8 +158,7 @@ const JsonJobReader::Level* JsonJobReader::LevelOfMember(bool isList) {
     const bool hasParts = std::visit([](auto field) { return kHasParts<decltype(field)>; }, slot_);
     return isList && hasParts ? &Levels::kParts : nullptr;
   }
-  const bool fits = below->form == Form::kNotHeld || isList == IsListForm(below->form);
-  return fits ? below : nullptr;
+  return isList == IsListForm(below->form) ? below : nullptr;
 }
 
 const JsonJobReader::Level* JsonJobReader::Below(const Level& level, std::string_view key) {
@@ -172,13 +168,9 @@ const JsonJobReader::Level* JsonJobReader::Below(const Level& level, std::string
   return nullptr;
 }
 
-void JsonJobReader::RequireHeld() const {
-  if (levels_.back()->form == Form::kNotHeld) Fail("this version cannot hold it");
-}
-
 std::string JsonJobReader::PutMember(const JsonValue& value) {
   if (const Level* const below = Below(*levels_.back(), place_.Key())) {
-    if (below->form != Form::kNotHeld && IsListForm(below->form)) return "a list";
+    if (IsListForm(below->form)) return "a list";
     return std::holds_alternative<std::nullptr_t>(value) ? "" : "an object";
   }
   return std::visit(

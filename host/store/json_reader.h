@@ -58,16 +58,7 @@ class JsonJobReader {
                    CovarianceRecord*, std::array<std::string, 4>*, std::array<int, 2>*, Setting*>;
 
   // A row is a list of a certain number of numbers; values are plain ones of any kind.
-  enum class Form {
-    kObject,
-    kListOfObjects,
-    kListOfLists,
-    kRow,
-    kNumbers,
-    kTexts,
-    kValues,
-    kNotHeld
-  };
+  enum class Form { kObject, kListOfObjects, kListOfLists, kRow, kNumbers, kTexts, kValues };
   // One kind of object in the document: where it stands in the object above, what it holds, what it
   // leads to. `begin` and `end` are of each object; of a list of lists and of a row, of the list;
   // of numbers, texts and values, `begin` is of the list and `end` of each of them.
@@ -99,7 +90,6 @@ class JsonJobReader {
   static bool IsOfPlain(Form form) {
     return form == Form::kNumbers || form == Form::kTexts || form == Form::kValues;
   }
-  void RequireHeld() const;
 
   std::string PutMember(const JsonValue& value);
   std::string PutPart(const JsonValue& value);
