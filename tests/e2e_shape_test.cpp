@@ -10,7 +10,7 @@ namespace {
 
 class Shape : public testing::Test {
  protected:
-  Shape() { folder.Write("points.csv", "P1;10;20;5.5;EDGE\nP2;30;40;6.25;Genò\nP3;50;60;;X\n"); }
+  Shape() { folder.Write("points.csv", "P1;10;20;5.5;EDGE\nP2;30;40;6.25;WALL\nP3;50;60;7;X\n"); }
   Outcome Run(const std::vector<std::string>& words) { return RunKalvio(words, where); }
   void Convert(const std::vector<std::string>& words) {
     std::vector<std::string> all = {"convert"};
@@ -30,13 +30,17 @@ TEST_F(Shape, PointsBecomeAThemeAndItsPointsKnownPointsAgain) {
   EXPECT_THAT(folder.Names(),
               ElementsAre("points.cpg", "points.csv", "points.dbf", "points.shp", "points.shx"));
   Convert({"points.shp", "back.csv"});
-  // A point without a height among others has height 0 in the file.
-  EXPECT_EQ(Bytes("back.csv"), "P1;10;20;5.5;EDGE\nP2;30;40;6.25;Gen\xF2\nP3;50;60;0;X\n");
+  EXPECT_EQ(Bytes("back.csv"),
+            "P1;10.000;20.000;5.500;EDGE;;\nP2;30.000;40.000;6.250;WALL;;\n"
+            "P3;50.000;60.000;7.000;X;;\n");
 }
 
 TEST_F(Shape, WhatIsChangedOnTheWayIsTold) {
-  const Outcome run = Run({"convert", "points.csv", "points.shp"});
-  EXPECT_THAT(run.err, HasSubstr("vertices without a height, written with height 0: 1"));
+  folder.Write("job.json", R"({"knownGroups": [{"points": [{"name": "A", "x": 1, "y": 2, "z": 3},
+      {"name": "B", "x": 4, "y": 5}, {"name": "C", "x": 6}]}]})");
+  const Outcome run = Run({"convert", "--job", "job.json", "points.shp"});
+  EXPECT_THAT(run.err, AllOf(HasSubstr("vertices without a height, written with height 0: 1"),
+                             HasSubstr("1 point without plane coordinates is left out")));
   EXPECT_THAT(run.out, HasSubstr("wrote points.shp: 1 group of known points, 3 known points"));
 }
 
@@ -46,6 +50,24 @@ TEST_F(Shape, AnOlderSetIsReplaced) {
   folder.Write("points.shp", "old");
   Convert({"points.csv", "points.shp"});
   EXPECT_EQ(Bytes("points.shp"), before);
+}
+
+TEST_F(Shape, WhoIsKilledWhileWritingLeavesTheOldSet) {
+  Convert({"points.csv", "points.shp"});
+  std::map<std::string, std::string> before;
+  for (const char* const name : {"points.shp", "points.shx", "points.dbf", "points.cpg"}) {
+    before[name] = Bytes(name);
+  }
+  std::string many;
+  for (int i = 0; i < 5000; ++i) many += "P" + std::to_string(i) + ";1;2;3;X\n";
+  folder.Write("points.csv", many);
+  // The system ends a program that writes beyond this size.
+  const Outcome run = RunProgram(
+      "sh",
+      {"-c", "ulimit -c 0; ulimit -f 8; exec \"$0\" convert points.csv points.shp", KALVIO_PROGRAM},
+      where);
+  EXPECT_NE(run.status, 0);
+  for (const auto& [name, bytes] : before) EXPECT_EQ(Bytes(name), bytes) << name;
 }
 
 TEST_F(Shape, TheReferenceSystemIsWrittenBesideIt) {
@@ -67,7 +89,8 @@ TEST_F(Shape, ShowTellsThemesFieldsExtentsAndTheEncoding) {
   Convert({"points.csv", "points.shp"});
   const Outcome run = Run({"show", "points.shp"});
   EXPECT_EQ(run.status, 0) << run.err;
-  EXPECT_THAT(run.out, AllOf(HasSubstr("Themes"), HasSubstr("points  points           3"),
+  EXPECT_THAT(run.out, AllOf(HasSubstr("Themes"),
+                             HasSubstr("points  points           3         3         3"),
                              HasSubstr("NAME   text"), HasSubstr("1 theme, 3 features"),
                              HasSubstr("10.000"), HasSubstr("Encoding of the texts: UTF-8")));
 }
@@ -118,7 +141,7 @@ TEST_F(Shape, LinesWithoutATableGiveTheirVertices) {
   Convert({"--job", "job.json", "l.shp"});
   std::filesystem::remove(folder.File("l.dbf"));
   Convert({"l.shp", "l.csv"});
-  EXPECT_EQ(Bytes("l.csv"), "1;1;2;3;\n2;4;5;6;\n");
+  EXPECT_EQ(Bytes("l.csv"), "1;1.000;2.000;3.000;;;\n2;4.000;5.000;6.000;;;\n");
 }
 
 TEST_F(Shape, AThemeThatIsThereIsRefusedByName) {
