@@ -113,7 +113,7 @@ TEST_F(Call, EveryFunctionIsKnownAndItsLastLineIsReturned) {
 }
 
 TEST_F(Call, ShapeImportGivesANumberAndTheDummyNothing) {
-  EXPECT_EQ(LastEvent(Run({"FImportEntFromFileShape"}).out), R"({"event":"returned","value":0})");
+  EXPECT_EQ(LastEvent(Run({"FImportEntFromFileShape"}).out), R"({"event":"returned","value":1})");
   EXPECT_EQ(LastEvent(RunAsking({"FImportEntFromFileShape"}).out),
             R"({"event":"returned","value":1})");
   where.variables.clear();

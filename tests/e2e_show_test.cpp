@@ -184,9 +184,9 @@ TEST(Formats, TableTellsWhatCanBeDone) {
             "CSV      csv        yes      yes\n"
             "DXF      dxf        yes      yes\n"
             "DWG      dwg        not yet  not yet\n"
-            "Shape    shp        not yet  not yet\n"
+            "Shape    shp        yes      yes\n"
             "LandXML  xml        yes      yes\n"
-            "DAT      dat        –        not yet\n");
+            "DAT      dat        –        yes\n");
 }
 
 TEST(Formats, TakesNoWords) { EXPECT_EQ(RunKalvio({"formats", "all"}).status, 2); }

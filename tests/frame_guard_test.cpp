@@ -89,24 +89,6 @@ TEST_F(FrameGuard, CancelsItsDialogsWhenTheParentLeadsToNoViews) {
   EXPECT_TRUE(folder.IsEmpty());
 }
 
-// ---- Exchanges that are not built ----
-
-TEST_F(FrameGuard, SaysOfAFormatThatItIsNotBuiltAndReturnsZero) {
-  FillJobs();
-  const auto tells = [this](const char* format, int result) {
-    EXPECT_EQ(result, 0) << format;
-    ASSERT_EQ(views.messages.size(), 1u) << format;
-    EXPECT_EQ(views.messages[0].text,
-              std::string(format) + " files cannot be exchanged by this version yet.");
-    EXPECT_FALSE(views.messages[0].caption.empty()) << format;
-    EXPECT_TRUE(views.dialogs.empty()) << format;
-    views.messages.clear();
-  };
-  tells("DAT", exports.exportDat(&parent, &document, 0));
-  tells("Shape", exports.exportShape(&parent, document.GetLibGis()));
-  tells("Shape", exports.importShape(&parent, document.GetLibGis(), nullptr, false) ? 1 : 0);
-}
-
 // ---- Exceptions ----
 
 ScriptedViews::Answer ThrowError() {

@@ -67,9 +67,9 @@ TEST_F(StoreFolderRefusal, ADatabaseOfAnotherProgramStaysAsItIs) {
 
 TEST_F(StoreFolderRefusal, AJobOfANewerVersionStaysAsItIs) {
   SaveFullJob();
-  Run("PRAGMA user_version = 4");
+  Run("PRAGMA user_version = 5");
   EXPECT_EQ(Complaint(), file + ": a newer version of the program wrote this job");
-  Run("PRAGMA user_version = 3");
+  Run("PRAGMA user_version = 4");
   EXPECT_EQ(stored_jobs::JsonOfStored(folder.Path()), stored_jobs::kFullJob);
 }
 

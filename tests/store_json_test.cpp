@@ -350,10 +350,10 @@ TEST_F(StoreJson, SettingsAreNumbersFlagsOrTexts) {
       << JsonOf(document);
 }
 
-TEST_F(StoreJson, EmptySectionsOfLibrariesThatAreNotThereAreAccepted) {
+TEST_F(StoreJson, SectionsMayBeEmptyOrNull) {
   Read(R"({"gis":{},"cadastral":null})", document);
   Read(
-      R"({"gis":null,"cadastral":[],"drawing":null,"current":null,"targets":null,
+      R"({"gis":null,"cadastral":{},"drawing":null,"current":null,"targets":null,
            "settings":null})",
       document);
   EXPECT_EQ(surveys.GetJobArSize(), 0);

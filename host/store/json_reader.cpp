@@ -71,8 +71,8 @@ struct JsonJobReader::Levels {
       {"settings", Form::kObject, nullptr, nullptr, nullptr, kSection},
       {"terrain", kList, &R::Select<&R::terrain_>, &R::BeginModel, &R::EndModel, kModel},
       {"roads", kList, &R::Select<&R::road_>, &R::BeginRoad, &R::EndRoad, kRoad},
-      {"gis", Form::kNotHeld},
-      {"cadastral", Form::kNotHeld},
+      {"gis", Form::kObject, nullptr, nullptr, nullptr, kGis},
+      {"cadastral", Form::kObject, &R::Select<&R::cadastre_>, nullptr, &R::EndCadastre, kCadastre},
       {"drawing", Form::kObject, nullptr, nullptr, nullptr, kDrawing}};
 
   static constexpr Level kDocument = {"",      Form::kObject,   nullptr,
@@ -109,7 +109,6 @@ void JsonJobReader::FailAtLargeNumber(const std::string& text) {
 }
 
 bool JsonJobReader::key(const std::string& key) {
-  RequireHeld();
   const Level& level = *levels_.back();
   slot_ = level.select == nullptr ? Slot() : (this->*level.select)(key);
   if (slot_.index() == 0 && Below(level, key) == nullptr) {
@@ -124,7 +123,6 @@ bool JsonJobReader::TakeValue(const JsonValue& value) {
   place_.NextValue();
   std::string expected = "an object";
   if (!levels_.empty()) {
-    RequireHeld();
     expected = place_.InList() ? PutListed(value) : PutMember(value);
   }
   if (!expected.empty()) Fail("expected " + expected + ", found " + InWords(value));
@@ -139,18 +137,18 @@ bool JsonJobReader::Open(bool isList) {
   place_.Enter(isList);
   levels_.push_back(level);
   part_ = 0;
-  if (isList == IsOfLists(level->form) && level->begin != nullptr) (this->*level->begin)();
+  const bool isWhole = isList == (IsOfLists(level->form) || IsOfPlain(level->form));
+  if (isWhole && level->begin != nullptr) (this->*level->begin)();
   return true;
 }
 
 // What the object or list that begins is; null when it does not belong there.
 const JsonJobReader::Level* JsonJobReader::LevelOf(bool isList) {
   if (levels_.empty()) return isList ? nullptr : &Levels::kDocument;
-  RequireHeld();
   if (!place_.InList()) return LevelOfMember(isList);
   const Form form = levels_.back()->form;
   if (form == Form::kListOfLists) return isList ? &levels_.back()->below.front() : nullptr;
-  if (form == Form::kRow || form == Form::kNumbers) return nullptr;
+  if (form == Form::kRow || IsOfPlain(form)) return nullptr;
   return isList || levels_.back() == &Levels::kParts ? nullptr : levels_.back();
 }
 
@@ -160,8 +158,7 @@ const JsonJobReader::Level* JsonJobReader::LevelOfMember(bool isList) {
     const bool hasParts = std::visit([](auto field) { return kHasParts<decltype(field)>; }, slot_);
     return isList && hasParts ? &Levels::kParts : nullptr;
   }
-  const bool fits = below->form == Form::kNotHeld || isList == IsListForm(below->form);
-  return fits ? below : nullptr;
+  return isList == IsListForm(below->form) ? below : nullptr;
 }
 
 const JsonJobReader::Level* JsonJobReader::Below(const Level& level, std::string_view key) {
@@ -171,13 +168,9 @@ const JsonJobReader::Level* JsonJobReader::Below(const Level& level, std::string
   return nullptr;
 }
 
-void JsonJobReader::RequireHeld() const {
-  if (levels_.back()->form == Form::kNotHeld) Fail("this version cannot hold it");
-}
-
 std::string JsonJobReader::PutMember(const JsonValue& value) {
   if (const Level* const below = Below(*levels_.back(), place_.Key())) {
-    if (below->form != Form::kNotHeld && IsListForm(below->form)) return "a list";
+    if (IsListForm(below->form)) return "a list";
     return std::holds_alternative<std::nullptr_t>(value) ? "" : "an object";
   }
   return std::visit(
@@ -208,6 +201,10 @@ std::string JsonJobReader::PutListed(const JsonValue& value) {
       return PutNumber(value);
     case Form::kNumbers:
       return PutLoneNumber(value);
+    case Form::kValues:
+      return PutLoneValue(value);
+    case Form::kTexts:
+      return PutLoneText(value);
     case Form::kListOfLists:
       return "a list";
     default:
@@ -235,6 +232,18 @@ std::string JsonJobReader::PutNumber(const JsonValue& value) {
 
 std::string JsonJobReader::PutLoneNumber(const JsonValue& value) {
   std::string expected = Put(value, row_[0]);
+  if (expected.empty()) (this->*levels_.back()->end)();
+  return expected;
+}
+
+std::string JsonJobReader::PutLoneValue(const JsonValue& value) {
+  loneValue_ = value;
+  (this->*levels_.back()->end)();
+  return {};
+}
+
+std::string JsonJobReader::PutLoneText(const JsonValue& value) {
+  std::string expected = Put(value, text_);
   if (expected.empty()) (this->*levels_.back()->end)();
   return expected;
 }
@@ -281,7 +290,7 @@ bool JsonJobReader::end_array() {
   levels_.pop_back();
   place_.Leave();
   if (&level == &Levels::kParts) RequireAllParts();
-  if (level.form == Form::kRow && part_ != level.columns) {
+  if (level.form == Form::kRow && part_ < (level.least == 0 ? level.columns : level.least)) {
     Fail("expected " + ExpectedParts(level.columns));
   }
   if (IsOfLists(level.form) && level.end != nullptr) (this->*level.end)();

@@ -1,0 +1,161 @@
+// The files of a set are replaced together or not at all.
+#include <sys/stat.h>
+
+#include "host/gis/shape_paths.h"
+#include "platform/output_set.h"
+#include "tests/support/ordinary_user.h"
+#include "tests/support/shape_sets.h"
+
+namespace {
+
+using namespace shape_sets;
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+class ShapeSetFiles : public Sets {
+ protected:
+  ShapeSetFiles() { made.Field("A", FieldType::kText).Row({std::string_view("new")}); }
+  void WriteOld() {
+    for (const char* name : {"theme.shp", "theme.shx", "theme.dbf", "theme.cpg", "theme.prj"}) {
+      folder.Write(name, std::string("old ") + name);
+    }
+  }
+  void ExpectOld() {
+    for (const char* name : {"theme.shp", "theme.shx", "theme.dbf", "theme.cpg"}) {
+      EXPECT_EQ(ReadBytes(folder.File(name)), std::string("old ") + name);
+    }
+  }
+  ThemeMaker made;
+};
+
+TEST_F(ShapeSetFiles, ANewSetHasItsFourFilesAndNothingElse) {
+  EXPECT_TRUE(Export(made).isDone);
+  EXPECT_THAT(folder.Names(), ElementsAre("theme.cpg", "theme.dbf", "theme.shp", "theme.shx"));
+  EXPECT_THAT(yes.asked, IsEmpty());
+}
+
+TEST_F(ShapeSetFiles, WhatIsThereIsReplacedAfterYesAndStaleFilesGo) {
+  WriteOld();
+  for (const char* name : {"theme.sbn", "theme.QIX", "theme.qpj"}) folder.Write(name, "stale");
+  folder.Write("theme.txt", "somebody's");
+  EXPECT_TRUE(Export(made).isDone);
+  EXPECT_THAT(yes.asked, ElementsAre(folder.Path() + "/theme"));
+  EXPECT_THAT(folder.Names(),
+              ElementsAre("theme.cpg", "theme.dbf", "theme.shp", "theme.shx", "theme.txt"));
+}
+
+TEST_F(ShapeSetFiles, NoKeepsWhatIsThereAndIsNoFailure) {
+  WriteOld();
+  Answer no(false);
+  const ShapeOutcome outcome =
+      files.Export({&made.Theme(), tdk::WString(folder.Path() + "\\"), 250, kShapeAsTheme, &no});
+  EXPECT_FALSE(outcome.isDone);
+  EXPECT_EQ(outcome.result, 0);
+  EXPECT_THAT(no.asked, ElementsAre(folder.Path() + "\\theme"));
+  ExpectOld();
+  EXPECT_FALSE(
+      files.Export({&made.Theme(), tdk::WString(folder.Path() + "/"), 250, 0, nullptr}).isDone);
+  ExpectOld();
+}
+
+TEST_F(ShapeSetFiles, ATableAloneIsAskedForToo) {
+  folder.Write("theme.dbf", "somebody's sheet");
+  Answer no(false);
+  EXPECT_FALSE(
+      files.Export({&made.Theme(), tdk::WString(folder.Path() + "/"), 250, 0, &no}).isDone);
+  EXPECT_EQ(ReadBytes(folder.File("theme.dbf")), "somebody's sheet");
+}
+
+TEST_F(ShapeSetFiles, AFolderInTheWayOfOneFileKeepsAllOfThem) {
+  WriteOld();
+  std::filesystem::remove(folder.File("theme.dbf"));
+  std::filesystem::create_directory(folder.File("theme.dbf"));
+  const ShapeOutcome outcome = Export(made);
+  EXPECT_FALSE(outcome.isDone);
+  EXPECT_EQ(outcome.result, kShapeTableFailed);
+  EXPECT_EQ(ReadBytes(folder.File("theme.shp")), "old theme.shp");
+  EXPECT_EQ(folder.Names().size(), 5U);
+}
+
+TEST_F(ShapeSetFiles, AFolderThatIsNotThereFailsBothFiles) {
+  const ShapeOutcome outcome =
+      files.Export({&made.Theme(), tdk::WString(folder.File("none/")), 250, kShapeAsTheme, &yes});
+  EXPECT_FALSE(outcome.isDone);
+  EXPECT_EQ(outcome.result, kShapeFileFailed | kShapeTableFailed);
+}
+
+TEST_F(ShapeSetFiles, ThroughTheHostsFunction) {
+  IShapeFiles::SetCurrent(&files);
+  int failed = 77;
+  EXPECT_TRUE(FExportFileShape(&made.library, &made.Theme(), tdk::WString(folder.Path() + "\\"),
+                               250, 0, &yes, failed));
+  EXPECT_EQ(failed, 0);
+  EXPECT_EQ(FGetEntTypeFromFileShp(tdk::WString(folder.Path() + "\\theme.shp")), 1);
+  IShapeFiles::SetCurrent(nullptr);
+}
+
+TEST_F(ShapeSetFiles, ANameMayHaveDotsBlanksAndWhatNoFileMayHave) {
+  made.Theme().SetName("rilievo 1.2");
+  EXPECT_TRUE(Export(made).isDone);
+  EXPECT_TRUE(std::filesystem::exists(folder.File("rilievo 1.2.shp")));
+  EXPECT_TRUE(std::filesystem::exists(folder.File("rilievo 1.2.shx")));
+  made.Theme().SetName("../a\\b\nc");
+  EXPECT_TRUE(Export(made).isDone);
+  EXPECT_TRUE(std::filesystem::exists(folder.File(".._a_b_c.shp")));
+}
+
+TEST_F(ShapeSetFiles, AnOldReferenceSystemDoesNotStayBesideNewShapes) {
+  WriteOld();
+  made.Theme().SetReferenceSystem("GEOGCS[]");
+  EXPECT_TRUE(Export(made).isDone);
+  EXPECT_EQ(ReadBytes(folder.File("theme.prj")), "GEOGCS[]");
+  made.Theme().SetReferenceSystem("");
+  EXPECT_TRUE(Export(made).isDone);
+  EXPECT_FALSE(std::filesystem::exists(folder.File("theme.prj")));
+}
+
+// ---- Placing files together ----
+
+TEST(ShapeOutputSet, WhatCannotBePlacedPutsAllOldFilesBack) {
+  const TemporaryFolder folder;
+  folder.Write("a", "old a");
+  platform::OutputFile first;
+  platform::OutputFile fresh;
+  platform::OutputFile second;
+  ASSERT_TRUE(first.Open(folder.File("a")));
+  ASSERT_TRUE(fresh.Open(folder.File("n")));
+  ASSERT_TRUE(second.Open(folder.File("b")));
+  for (platform::OutputFile* file : {&first, &fresh, &second}) {
+    file->Buffer() += "new";
+    ASSERT_TRUE(file->Complete());
+  }
+  std::filesystem::create_directories(folder.File("b/full"));  // now nothing can be put there
+  platform::OutputFile* const all[] = {&first, &fresh, &second};
+  const std::string stale = folder.Write("stale", "x");
+  EXPECT_EQ(platform::PlaceTogether(all, std::span(&stale, 1)), 2U);
+  EXPECT_EQ(ReadBytes(folder.File("a")), "old a");
+  EXPECT_THAT(folder.Names(), ElementsAre("a", "b", "stale"));
+}
+
+TEST(ShapeOutputSet, RewritesBytesThatWereWrittenBefore) {
+  const TemporaryFolder folder;
+  platform::OutputFile file;
+  ASSERT_TRUE(file.Open(folder.File("a")));
+  file.Buffer() += "0000 and more";
+  file.Rewrite(0, "1234");
+  file.Buffer() += "!";
+  file.Rewrite(5, "AND");
+  EXPECT_TRUE(file.Commit());
+  EXPECT_EQ(ReadBytes(folder.File("a")), "1234 AND more!");
+}
+
+TEST(ShapePaths, KnowTheFilesOfASetInAnyLetters) {
+  const TemporaryFolder folder;
+  folder.Write("a.DBF", "");
+  EXPECT_EQ(shape::BaseOf("x\\y.z.SHP"), "x/y.z");
+  EXPECT_EQ(shape::BaseOf("y.txt"), "y.txt");
+  EXPECT_EQ(shape::Sibling(folder.File("a"), "dbf"), folder.File("a.DBF"));
+  EXPECT_EQ(shape::Sibling(folder.File("a"), "prj"), folder.File("a.prj"));
+}
+
+}  // namespace
