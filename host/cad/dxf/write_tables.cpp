@@ -185,7 +185,7 @@ void WriteBlockRecords(Tags& tags, const Plan& plan) {
   WriteRecords(tags, kBlockRecords, kSpaceRecords);
   for (const int position : plan.BlockOrder()) {
     const PlannedBlock& block = plan.BlockAt(position);
-    BeginRecord(tags, kBlockRecords, block.record, block.name);
+    BeginRecord(tags, kBlockRecords, RecordOf(block), block.name);
     tags.Reference<340>(0);
   }
   EndTable(tags);
