@@ -106,6 +106,21 @@ void OutputFile::Flush() {
   buffer_.clear();
 }
 
+void OutputFile::Overwrite(std::uint64_t position, std::string_view bytes) {
+  Flush();
+  while (IsOpen() && !failed_ && !bytes.empty()) {
+    const ssize_t written =
+        pwrite(file_, bytes.data(), bytes.size(), static_cast<off_t>(position));
+    if (written < 0 && errno == EINTR) continue;
+    if (written < 0) {
+      Fail(FileTrouble::Action::kWrite, errno);
+      return;
+    }
+    bytes.remove_prefix(static_cast<std::size_t>(written));
+    position += static_cast<std::uint64_t>(written);
+  }
+}
+
 bool OutputFile::Commit() {
   if (!IsOpen()) return false;
   Flush();

@@ -1,6 +1,7 @@
 // Files written whole or not at all.
 #pragma once
 
+#include <cstdint>
 #include <string>
 #include <string_view>
 
@@ -31,6 +32,9 @@ class OutputFile {
     if (buffer_.size() >= kFlushSize) Flush();
   }
   void Flush();
+  /// Puts bytes over others that were written before, `position` bytes from the beginning. That
+  /// fails where the target itself is written and is no file on a disk.
+  void Overwrite(std::uint64_t position, std::string_view bytes);
 
   /// Completes the file. False, with the old file untouched, when anything could not be written.
   bool Commit();

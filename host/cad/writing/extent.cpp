@@ -96,6 +96,17 @@ void Extent::Include(const Extent& box, const InsertPlacing& placing) {
   }
 }
 
+View ViewOf(const Extent& extent) {
+  constexpr double kMargin = 1.1;
+  if (extent.IsEmpty()) return {};
+  const Point& min = extent.Min();
+  const Point& max = extent.Max();
+  const double height =
+      std::max(max.getY() - min.getY(), (max.getX() - min.getX()) / View::kWidthByHeight);
+  return {min.getX() / 2 + max.getX() / 2, min.getY() / 2 + max.getY() / 2,
+          height > 0 ? height * kMargin : 1};
+}
+
 void Include(Extent& extent, const cad::Shape& shape) { std::visit(Inclusion{extent}, shape); }
 
 }  // namespace cad_writer

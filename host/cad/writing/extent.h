@@ -26,6 +26,15 @@ class Extent {
   cad::Point max_{-kNothing, -kNothing, -kNothing};
 };
 
+/// A window that shows all of an extent from above.
+struct View {
+  double x = 0;  ///< its centre
+  double y = 0;
+  double height = 1;
+  static constexpr double kWidthByHeight = 1.5;
+};
+View ViewOf(const Extent& extent);
+
 /// Widens by a shape. Texts and inserts count as the point where they stand: how wide a text is
 /// depends on its reader's font.
 void Include(Extent& extent, const cad::Shape& shape);
