@@ -45,6 +45,9 @@ class BitReader {
     Need(bits);
     position_ += bits;
   }
+  /// What lies between here and a position, and behind that; it lies between here and the end.
+  BitReader UpTo(std::size_t position) const { return {bytes_, position_, position}; }
+  BitReader From(std::size_t position) const { return {bytes_, position, end_}; }
   /// Refuses a number of things that there is no room for.
   void NeedRoomFor(std::uint64_t count, std::size_t leastBitsOfEach) const {
     if (count > BitsLeft() / leastBitsOfEach) throw Damage{kTooMany};

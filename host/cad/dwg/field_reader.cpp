@@ -8,12 +8,12 @@ const char* const kNoReference = ToXlate("a reference has a form that there is n
 
 }  // namespace
 
-void FieldReader::Short(std::uint16_t& value) {
-  switch (data_.Bits(2)) {
-    case 0: value = data_.RawShort(); break;
-    case 1: value = static_cast<std::uint16_t>(data_.Bits(8)); break;
-    case 2: value = 0; break;
-    default: value = 256;
+std::uint16_t TakeShort(BitReader& bits) {
+  switch (bits.Bits(2)) {
+    case 0: return bits.RawShort();
+    case 1: return static_cast<std::uint16_t>(bits.Bits(8));
+    case 2: return 0;
+    default: return 256;
   }
 }
 

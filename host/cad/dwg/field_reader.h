@@ -12,6 +12,11 @@
 
 namespace dwg {
 
+/// A number that is short for the most part.
+std::uint16_t TakeShort(BitReader& bits);
+/// A reference as it stands, made a handle: some are counted from the record's own.
+Handle TakeHandle(BitReader& bits, Handle own);
+
 /// Each function throws Damage when the record ends before, or holds what cannot be.
 class FieldReader {
  public:
@@ -33,7 +38,7 @@ class FieldReader {
   void FourBits(unsigned& value) { value = static_cast<unsigned>(data_.Bits(4)); }
   void Byte(std::uint8_t& value) { value = static_cast<std::uint8_t>(data_.Bits(8)); }
   void RawDouble(double& value) { value = data_.RawDouble(); }
-  void Short(std::uint16_t& value);
+  void Short(std::uint16_t& value) { value = TakeShort(data_); }
   void FullShort(std::uint16_t& value) { Short(value); }
   void Long(std::uint32_t& value);
   void Double(double& value);
@@ -79,8 +84,5 @@ class FieldReader {
   Handle own_ = 0;
   bool hasReferencesInside_ = false;
 };
-
-/// A reference as it stands, made a handle: some are counted from the record's own.
-Handle TakeHandle(BitReader& bits, Handle own);
 
 }  // namespace dwg

@@ -104,9 +104,9 @@ struct AttributeRecord {
   std::string tag;
   std::uint8_t flags = 0;
 };
-// Flags of attributes.
-inline constexpr std::uint8_t kAttributeInvisible = 1;
-inline constexpr std::uint8_t kAttributeConstant = 2;
+
+
+
 
 template <class S>
 void Data(S& s, AttributeRecord& it) {

@@ -91,6 +91,7 @@ class EntityReader {
   void TakeLines();
   void TakeAttributeDefinition();
   cad::Point TextPlace() const;
+  cad::TextShape TextOfFields();
 
   void TakeInsert();
   void ReadAttributes(std::vector<cad::Attribute>& attributes);

@@ -3,13 +3,6 @@
 #include "host/cad/dxf/read_entities.h"
 
 namespace dxf_reader {
-namespace {
-
-// Flags of an attribute.
-constexpr int kInvisible = 1;
-constexpr int kConstant = 2;
-
-}  // namespace
 
 cad::Point EntityReader::TextPlace() const {
   return TextNumbers{fields_.PointAt(10), fields_.Has(10) || fields_.Has(20),
@@ -18,11 +11,11 @@ cad::Point EntityReader::TextPlace() const {
       .Place();
 }
 
-void EntityReader::TakeText() {
-  sink_.PutText(
-      {TextPlace(), fields_.Real(40), fields_.Real(50), context_.text.Line(fields_.Text(1))},
-      PlaneOf());
+cad::TextShape EntityReader::TextOfFields() {
+  return {TextPlace(), fields_.Real(40), fields_.Real(50), context_.text.Line(fields_.Text(1))};
 }
+
+void EntityReader::TakeText() { sink_.PutText(TextOfFields(), PlaneOf()); }
 
 // ---- Texts of several lines ----
 
@@ -49,16 +42,9 @@ void EntityReader::TakeLines() {
 
 // ---- What the attributes of a block are ----
 
-// One that is the same in all inserts is a text of the block.
 void EntityReader::TakeAttributeDefinition() {
-  if (block_ == nullptr) {
-    context_.notes.CountNotRead("ATTDEF");
-  } else if (!fields_.HasFlag(70, kConstant)) {
-    block_->attributes.push_back(
-        {context_.text.Name(fields_.Text(2)), PlaneOf().ToWorld(TextPlace()), fields_.Real(40, 1)});
-  } else if (!fields_.HasFlag(70, kInvisible)) {
-    TakeText();
-  }
+  sink_.PutDefinition({context_.text.Name(fields_.Text(2)), TextPlace(), fields_.Real(40, 1)},
+                      TextOfFields(), fields_.Whole(70), PlaneOf());
 }
 
 }  // namespace dxf_reader

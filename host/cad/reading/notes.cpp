@@ -25,6 +25,10 @@ constexpr const char* kTexts[] = {
     ToXlate("blocks whose names are taken stay as they are in the drawing ({1})"),
     ToXlate("faces of points that are not there are left out ({1})"),
     ToXlate("entities whose numbers make no shape are left out ({1})"),
+    ToXlate("entities whose layer is not in the file lie on layer 0 ({1})"),
+    ToXlate("entities whose owner is not in the file are left out ({1})"),
+    ToXlate("damaged records are left out ({1})"),
+    ToXlate("checksums do not fit, so that values may be wrong ({1})"),
 };
 static_assert(std::size(kTexts) == static_cast<std::size_t>(Note::kCount));
 

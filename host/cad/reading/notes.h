@@ -27,6 +27,10 @@ enum class Note : std::uint8_t {
   kTakenBlock,
   kBadFace,
   kNoShape,
+  kNoLayer,
+  kNoOwner,
+  kDamaged,
+  kChecksum,
   kCount
 };
 

@@ -24,7 +24,15 @@ Point Unit(const Point& v) {
 }  // namespace
 
 double Radians(double degrees) { return degrees * (std::numbers::pi / 180); }
-double Degrees(double radians) { return radians * (180 / std::numbers::pi); }
+
+// Of the doubles that come to the same radians, the one that a person would have written: it has
+// few decimals.
+double Degrees(double radians) {
+  constexpr double kDecimals = 1e9;
+  const double degrees = radians * (180 / std::numbers::pi);
+  const double rounded = std::round(degrees * kDecimals) / kDecimals;
+  return Radians(rounded) == radians ? rounded : degrees;
+}
 
 double WithinTurn(double degrees) {
   const double rest = std::fmod(degrees, 360);

@@ -81,6 +81,10 @@ inline constexpr int kVertexControl = 16;
 inline constexpr int kVertexOfMesh = 64;
 inline constexpr int kVertexOfPolyface = 128;
 
+// Flags of attributes.
+inline constexpr int kAttributeInvisible = 1;
+inline constexpr int kAttributeConstant = 2;
+
 class EntitySink {
  public:
   /// Nothing is owned.
@@ -111,6 +115,10 @@ class EntitySink {
   void PutVertexLine(const VertexLine& line, const Plane& plane);
   void PutText(cad::TextShape text, const Plane& plane);
   void PutLines(LinesNumbers lines, const Plane& plane);
+  /// What an attribute of the block is; one that is the same in all inserts is a text of the block.
+  /// `definition` has the height that its texts have.
+  void PutDefinition(cad::AttributeDefinition definition, cad::TextShape text, int flags,
+                     const Plane& plane);
   /// Its block is the id of the table; inserts of blocks that are not in the engine yet wait.
   void PutInsert(cad::InsertShape insert, const InsertArray& array, const Plane& plane);
   /// Adds the inserts that wait, when all blocks are in the engine.

@@ -81,13 +81,13 @@ bool TextDecoder::TakeEscape(std::string_view& text, std::string& to) {
 }
 
 bool TextDecoder::TakeNameCode(std::string_view& text, std::string& to) {
-  return TakeCaretCode(text, to) || TakeEscape(text, to);
+  return (hasCaretCodes_ && TakeCaretCode(text, to)) || TakeEscape(text, to);
 }
 bool TextDecoder::TakeLineCode(std::string_view& text, std::string& to) {
   return TakeNameCode(text, to) || TakePercentCode(text, to);
 }
 bool TextDecoder::TakeLinesCode(std::string_view& text, std::string& to) {
-  return TakeLineCode(text, to) || TakeFormatCode(text, to);
+  return TakeCaretCode(text, to) || TakeLineCode(text, to) || TakeFormatCode(text, to);
 }
 
 }  // namespace cad_reader

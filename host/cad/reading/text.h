@@ -15,6 +15,8 @@ class TextDecoder {
   /// False when the code page is not known; it is Windows-1252 then, as where none is named.
   bool SetCodePage(std::string_view name);
   void SetUtf8() { isUtf8_ = true; }
+  /// In lines and names a caret is itself, and no code begins with it.
+  void SetPlainCarets() { hasCaretCodes_ = false; }
 
   /// A name, in which only the codes of single characters count ("\U+00E0", "^J").
   std::string Name(std::string_view bytes);
@@ -37,6 +39,7 @@ class TextDecoder {
   CodePage codePage_;
   DigitCodePages digitPages_;
   bool isUtf8_ = false;
+  bool hasCaretCodes_ = true;
   std::string converted_;
 };
 
