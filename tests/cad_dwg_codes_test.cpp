@@ -25,6 +25,19 @@ std::string Hex(std::string_view bytes) {
   return text;
 }
 
+std::vector<std::uint8_t> Bytes(std::string_view hex) {
+  std::vector<std::uint8_t> bytes;
+  for (std::size_t i = 0; i < hex.size(); i += 2) {
+    unsigned byte = 0;
+    for (const char c : hex.substr(i, 2)) {
+      byte = byte * 16 + static_cast<unsigned>(c <= '9' ? c - '0' : c - 'A' + 10);
+    }
+    bytes.push_back(static_cast<std::uint8_t>(byte));
+  }
+  bytes.resize(bytes.size() + BitReader::kSlack);
+  return bytes;
+}
+
 /// Writes values, and reads them back with the same functions.
 class DwgCodes : public testing::Test {
  protected:
@@ -189,7 +202,7 @@ TEST(DwgMaps, EndlessNumbersAreRefused) {
 TEST(DwgMaps, AnEmptyOneIsTheMarkOfItsEnd) {
   std::string bytes;
   AppendObjectMap(bytes, {});
-  EXPECT_EQ(Hex(bytes), "0002D001");
+  EXPECT_EQ(Hex(bytes), "000201D0");
 }
 
 TEST(DwgMaps, AreReadAsTheyWereWritten) {
@@ -275,9 +288,30 @@ TEST_F(DwgRecords, Layer) {
   };
   EXPECT_EQ(Record(Version::kR14, write),
             "1C004CC080406AA0000009094F46465F4C41594552C440D0408C14144580D187");
-  const std::string record = Record(Version::k2000, write);
-  EXPECT_EQ(record.size(), 2 * 36U);  // the width of its lines apart as the one above
-  EXPECT_EQ(record.substr(0, 4), "2000");
+}
+
+TEST_F(DwgRecords, LayerOfAnotherProgram) {
+  std::vector<std::uint8_t> bytes =
+      Bytes("1F004CEE00000000804069094F46465F4C41594552C3C80D0341023050510F51167BA8");
+  constexpr std::size_t kStart = 16;   // behind the size
+  constexpr std::size_t kSplit = 184;  // where the references begin
+  constexpr std::size_t kHead = 10 + 32 + 24 + 2;
+  FieldReader fields(BitReader(bytes.data(), kStart + kHead, kStart + kSplit),
+                     BitReader(bytes.data(), kStart + kSplit, 33 * 8), Version::k2000, 0x101);
+  ObjectHead head;
+  LayerRecord layer;
+  Data(fields, head);
+  Data(fields, layer);
+  EXPECT_EQ(fields.BitsLeft(), 0U);
+  References(fields, head);
+  References(fields, layer);
+  EXPECT_LT(fields.ReferenceBitsLeft(), 8U);
+  EXPECT_EQ(layer.name, "OFF_LAYER");
+  EXPECT_TRUE(layer.isOff && !layer.isFrozen && !layer.isLocked);
+  EXPECT_EQ(layer.color, 3);
+  EXPECT_EQ(head.owner, 2U);
+  EXPECT_EQ(layer.plotStyle, 0xFU);
+  EXPECT_EQ(layer.lineType, 0x16U);
 }
 
 TEST_F(DwgRecords, LayerTable) {
