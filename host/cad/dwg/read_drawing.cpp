@@ -128,7 +128,11 @@ void DrawingReader::ReadBlock(OpenRecord& open) {
   if (record.isOtherFile || record.isOverlaid) notes_.CountNotRead("XREF");
   block.id = blockTable_.IdOf(name);
   block.block.name = text_.Name(name);
-  block.block.base = record.base;
+  if (cad_reader::IsFinite(cad::Point(record.base))) {
+    block.block.base = record.base;
+  } else {
+    notes_.Count(Note::kNoShape);
+  }
 }
 
 // Records of nameless blocks have only the beginning of the name.

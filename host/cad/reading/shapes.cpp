@@ -14,6 +14,10 @@ bool AllFinite(std::initializer_list<double> numbers) {
   return std::all_of(numbers.begin(), numbers.end(),
                      [](double each) { return std::isfinite(each); });
 }
+bool AreFinite(const std::vector<double>& numbers) {
+  return std::all_of(numbers.begin(), numbers.end(),
+                     [](double each) { return std::isfinite(each); });
+}
 bool IsFinitePoint(const Point& p) { return AllFinite({p.getX(), p.getY(), p.getZ()}); }
 bool AllFinite(const std::vector<Point>& points) {
   return std::all_of(points.begin(), points.end(), IsFinitePoint);
@@ -24,20 +28,24 @@ struct FiniteCheck {
   bool operator()(const cad::LineShape& s) const {
     return IsFinitePoint(s.from) && IsFinitePoint(s.to);
   }
-  bool operator()(const cad::PolylineShape& s) const { return AllFinite(s.points); }
-  bool operator()(const cad::CircleShape& s) const { return IsFinitePoint(s.center); }
+  bool operator()(const cad::PolylineShape& s) const {
+    return AllFinite(s.points) && AreFinite(s.bulges);
+  }
+  bool operator()(const cad::CircleShape& s) const {
+    return IsFinitePoint(s.center) && std::isfinite(s.radius);
+  }
   bool operator()(const cad::ArcShape& s) const {
-    return IsFinitePoint(s.center) && AllFinite({s.start, s.end});
+    return IsFinitePoint(s.center) && AllFinite({s.radius, s.start, s.end});
   }
   bool operator()(const cad::EllipseShape& s) const {
     return IsFinitePoint(s.center) && IsFinitePoint(s.major) &&
            AllFinite({s.ratio, s.start, s.end});
   }
   bool operator()(const cad::TextShape& s) const {
-    return IsFinitePoint(s.at) && std::isfinite(s.rotation);
+    return IsFinitePoint(s.at) && AllFinite({s.height, s.rotation});
   }
   bool operator()(const cad::InsertShape& s) const {
-    return IsFinitePoint(s.at) && std::isfinite(s.rotation);
+    return IsFinitePoint(s.at) && IsFinitePoint(s.scale) && std::isfinite(s.rotation);
   }
   bool operator()(const cad::FaceShape& s) const { return AllFinite(s.points); }
   bool operator()(const cad::SolidShape& s) const { return AllFinite(s.points); }
@@ -68,6 +76,7 @@ void AppendArc(std::vector<Point>& points, const Point& from, const Point& to, d
 
 }  // namespace
 
+bool IsFinite(const cad::Point& point) { return IsFinitePoint(point); }
 bool IsFinite(const cad::Shape& shape) { return std::visit(FiniteCheck(), shape); }
 
 cad::PolylineShape PointsOf(const Curve& curve) {

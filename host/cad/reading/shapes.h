@@ -10,6 +10,7 @@ namespace cad_reader {
 
 /// Whether no number of a shape is beyond all measure.
 bool IsFinite(const cad::Shape& shape);
+bool IsFinite(const cad::Point& point);
 
 /// Part of an ellipse around `center`: the points at `center` + cos t * `x` + sin t * `y` with t
 /// from `start` to `end`, degrees, the end greater.

@@ -74,13 +74,21 @@ void EntitySink::PutLines(LinesNumbers lines, const Plane& plane) {
   Put(cad::TextShape{at, lines.height, lines.direction, std::move(lines.text)});
 }
 
+void EntitySink::PutDefinition(cad::AttributeDefinition definition, const Plane& plane) {
+  definition.at = plane.ToWorld(definition.at);
+  if (IsFinite(definition.at) && std::isfinite(definition.height)) {
+    block_->attributes.push_back(std::move(definition));
+  } else {
+    notes_.Count(Note::kNoShape);
+  }
+}
+
 void EntitySink::PutDefinition(cad::AttributeDefinition definition, cad::TextShape text, int flags,
                                const Plane& plane) {
   if (block_ == nullptr) {
     notes_.CountNotRead("ATTDEF");
   } else if ((flags & kAttributeConstant) == 0) {
-    definition.at = plane.ToWorld(definition.at);
-    block_->attributes.push_back(std::move(definition));
+    PutDefinition(std::move(definition), plane);
   } else if ((flags & kAttributeInvisible) == 0) {
     PutText(std::move(text), plane);
   }

@@ -125,6 +125,7 @@ class EntitySink {
   void AddWaiting();
 
  private:
+  void PutDefinition(cad::AttributeDefinition definition, const Plane& plane);
   void PutCurve(const Curve& curve);
   void PutFlatVertices(const VertexLine& line, const Plane& plane);
   void PutVerticesInSpace(const VertexLine& line);

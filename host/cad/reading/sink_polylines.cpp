@@ -16,7 +16,7 @@ bool IsOfShape(const VertexLine& line, const Vertex& vertex) {
 
 // In the plane of the entity.
 void EntitySink::PutFlat(cad::PolylineShape line, const Plane& plane) {
-  if (line.points.empty()) {
+  if (line.points.empty() || !IsFinite(cad::Shape(line))) {
     notes_.Count(Note::kNoShape);
     return;
   }
