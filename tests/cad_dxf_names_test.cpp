@@ -1,15 +1,15 @@
 // Names and texts as DXF has them.
 #include <set>
 
-#include "host/cad/dxf/write_names.h"
 #include "host/cad/dxf/write_text.h"
+#include "host/cad/writing/names.h"
 #include "support/dxf_writing.h"
 
 namespace {
 
-using dxf_writer::NameTable;
+using cad_writer::NameTable;
 using dxf_writer::TextOf;
-using dxf_writer::Version;
+using cad_writer::NameRule;
 
 std::string MultiLine(std::string_view utf8) {
   std::string bytes;
@@ -62,14 +62,14 @@ TEST(DxfWriterText, EscapesAreNotParted) {
 }
 
 TEST(DxfWriterNames, OfR12AreInCapitals) {
-  NameTable names(Version::kR12);
+  NameTable names(NameRule::kShort);
   EXPECT_EQ(names.Add("Wall-1_$"), "WALL-1_$");
   EXPECT_EQ(names.Add("a b/\xC3\xA9\xE6\x9D\xB1.x"), "A_B____X");
   EXPECT_EQ(names.Add(""), "_");
 }
 
 TEST(DxfWriterNames, OfR12AreShort) {
-  NameTable names(Version::kR12);
+  NameTable names(NameRule::kShort);
   const std::string common = "A23456789012345678901234567890";
   EXPECT_EQ(names.Add(common + "X"), common + "X");
   EXPECT_EQ(names.Add(common + "XY"), "A2345678901234567890123456789_2");
@@ -78,8 +78,8 @@ TEST(DxfWriterNames, OfR12AreShort) {
 }
 
 TEST(DxfWriterNames, ThatClashAreAllDifferent) {
-  for (const Version version : {Version::kR12, Version::k2000}) {
-    NameTable names(version);
+  for (const NameRule rule : {NameRule::kShort, NameRule::kLong}) {
+    NameTable names(rule);
     std::set<std::string> different;
     for (int i = 0; i < 20'000; ++i) different.insert(names.Add(i % 2 == 0 ? "?" : "_2"));
     EXPECT_EQ(different.size(), 20'000U);
@@ -87,30 +87,30 @@ TEST(DxfWriterNames, ThatClashAreAllDifferent) {
 }
 
 TEST(DxfWriterNames, Of2000KeepTheirLetters) {
-  NameTable names(Version::k2000);
-  EXPECT_EQ(names.Add("Wall \xC3\xA9 (1)"), "Wall \xE9 (1)");
-  EXPECT_EQ(names.Add("\xD0\x96^"), "\\U+0416^ ");
+  NameTable names(NameRule::kLong);
+  EXPECT_EQ(names.Add("Wall \xC3\xA9 (1)"), "Wall \xC3\xA9 (1)");
+  EXPECT_EQ(names.Add("\xD0\x96^"), "\xD0\x96^");
 }
 
 TEST(DxfWriterNames, Of2000LoseWhatIsNotAllowed) {
-  NameTable names(Version::k2000);
+  NameTable names(NameRule::kLong);
   EXPECT_EQ(names.Add("a<b>c/d\\e\"f:g;h?i*j|k,l=m`n\no"), "a_b_c_d_e_f_g_h_i_j_k_l_m_n_o");
   EXPECT_EQ(names.Add(" x "), "_x_");
   EXPECT_EQ(names.Add(""), "_");
 }
 
 TEST(DxfWriterNames, Of2000DifferByMoreThanCapitals) {
-  NameTable names(Version::k2000);
+  NameTable names(NameRule::kLong);
   EXPECT_EQ(names.Add("Wall"), "Wall");
   EXPECT_EQ(names.Add("WALL"), "WALL_2");
-  EXPECT_EQ(names.Add("\xC3\x89t\xC3\xA9"), "\xC9t\xE9");
-  EXPECT_EQ(names.Add("\xC3\xA9t\xC3\x89"), "\xE9t\xC9_2");
-  EXPECT_EQ(names.Add("\xD0\x96"), "\\U+0416");
-  EXPECT_EQ(names.Add("\xD0\xB6"), "\\U+0436_2");
+  EXPECT_EQ(names.Add("\xC3\x89t\xC3\xA9"), "\xC3\x89t\xC3\xA9");
+  EXPECT_EQ(names.Add("\xC3\xA9t\xC3\x89"), "\xC3\xA9t\xC3\x89_2");
+  EXPECT_EQ(names.Add("\xD0\x96"), "\xD0\x96");
+  EXPECT_EQ(names.Add("\xD0\xB6"), "\xD0\xB6_2");
 }
 
 TEST(DxfWriterNames, Of2000EndSomewhere) {
-  NameTable names(Version::k2000);
+  NameTable names(NameRule::kLong);
   EXPECT_EQ(names.Add(std::string(300, 'x')), std::string(255, 'x'));
   std::string numbered(253, 'x');
   numbered += "_2";

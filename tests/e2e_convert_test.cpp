@@ -203,16 +203,6 @@ TEST_F(Convert, UnknownExtensionsAreBadUsageThatNamesTheKnown) {
   ExpectFailure({"missing.jb2", "a.foo"}, 2, "a.foo", "jb2");
 }
 
-TEST_F(Convert, FormatsOfLaterVersionsFailWithThatReason) {
-  for (const char* extension : {"dwg"}) {
-    const std::string output = std::string("b.") + extension;
-    ExpectFailure({"a.jb2", output}, 1, output, "not available in this version");
-    EXPECT_FALSE(IsThere(output));
-    const std::string input = folder.Write(std::string("in.") + extension, "x");
-    EXPECT_EQ(Run({input, "b.jb2"}).status, 1) << input;
-  }
-}
-
 TEST_F(Convert, OutputFolderThatIsMissingFails) {
   const Outcome run = Run({"--no-compute", "a.jb2", "no/such/b.xml"});
   EXPECT_EQ(run.status, 1);

@@ -68,11 +68,40 @@ TEST_F(DrawingFiles, ImportThatFailsTellsTheLineAndReturnsNothing) {
   EXPECT_THAT(LastEvent(run.out), HasSubstr("\"value\":0"));
 }
 
-TEST_F(DrawingFiles, DwgCannotBeReadYetAndSaysSo) {
+TEST_F(DrawingFiles, DwgThatIsNoneAndThatOfALaterVersionSaySo) {
   folder.Write("survey.dwg", "x");
   const Outcome run = Import("survey.dwg");
-  EXPECT_THAT(run.out, HasSubstr("\"text\":\"Error: this version cannot read DWG files"));
+  EXPECT_THAT(run.out, HasSubstr("\"text\":\"Error: this is no DWG file"));
   EXPECT_THAT(LastEvent(run.out), HasSubstr("\"value\":0"));
+  folder.Write("later.dwg", "AC1032" + std::string(500, 'x'));
+  EXPECT_THAT(Import("later.dwg").out, HasSubstr("the file is of version 2018 (AC1032)"));
+}
+
+TEST_F(DrawingFiles, DwgComesBackAsItWas) {
+  ASSERT_EQ(Run({"convert", "SURVEY.DXF", "a.dwg"}).status, 0);
+  ASSERT_EQ(Run({"convert", "--dwg-version", "r14", "SURVEY.DXF", "b.dwg"}).status, 0);
+  EXPECT_TRUE(Bytes("a.dwg").starts_with("AC1015"));
+  EXPECT_TRUE(Bytes("b.dwg").starts_with("AC1014"));
+  for (const char* const name : {"a.dwg", "b.dwg"}) {
+    const Outcome run = Import(name);
+    EXPECT_THAT(LastEvent(run.out), HasSubstr("\"value\":1"));
+    EXPECT_THAT(Bytes("out.json"),
+                AllOf(HasSubstr("\"name\": \"TREES\""), HasSubstr("\"type\": \"point\""),
+                      HasSubstr("[1.5, 2.5, 3.5]")));
+    EXPECT_EQ(Run({"show", name}).out, [&] {
+      std::string shown = Run({"show", "SURVEY.DXF"}).out;
+      const std::size_t at = shown.find("SURVEY.DXF");
+      if (at != std::string::npos) shown.replace(at, 10, name);
+      return shown;
+    }());
+  }
+}
+
+TEST_F(DrawingFiles, DwgThatCannotBeWrittenLeavesTheOldFile) {
+  std::filesystem::create_directory(folder.File("folder.dwg"));
+  const Outcome run = Run({"convert", "SURVEY.DXF", "folder.dwg"});
+  EXPECT_EQ(run.status, 1);
+  EXPECT_THAT(run.err, HasSubstr("folder.dwg: cannot be created: Is a directory"));
 }
 
 TEST_F(DrawingFiles, VersionOfTheListChoosesTheExtension) {
@@ -97,7 +126,9 @@ TEST_F(DrawingFiles, DwgIsAskedOfTheEngineAndTheExportReturnsOneWhateverCameOfIt
   EXPECT_EQ(Cad(run)["call"], "SaveFileDWG");
   EXPECT_EQ(Cad(run)["args"][6], 7);
   EXPECT_THAT(LastEvent(run.out), HasSubstr("\"value\":1"));
-  EXPECT_FALSE(IsThere("plan.dwg"));
+  EXPECT_TRUE(Bytes("plan.dwg").starts_with("AC1015"));
+  const Outcome failed = Export("no/such/plan", "");
+  EXPECT_THAT(LastEvent(failed.out), HasSubstr("\"value\":1"));
 }
 
 TEST_F(DrawingFiles, OptionsAreKeptAndShownAgain) {

@@ -183,7 +183,7 @@ TEST(Formats, TableTellsWhatCanBeDone) {
             "TXT      txt        yes      yes\n"
             "CSV      csv        yes      yes\n"
             "DXF      dxf        yes      yes\n"
-            "DWG      dwg        not yet  not yet\n"
+            "DWG      dwg        yes      yes\n"
             "Shape    shp        yes      yes\n"
             "LandXML  xml        yes      yes\n"
             "DAT      dat        –        yes\n");

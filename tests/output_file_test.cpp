@@ -56,6 +56,30 @@ class FileSizeLimit {
   void (*handler_)(int);
 };
 
+TEST(OutputFile, PutsBytesOverOthers) {
+  const TemporaryFolder folder;
+  OutputFile file;
+  ASSERT_TRUE(file.Open(folder.File("a")));
+  file.Buffer() += std::string(kMoreThanAFlush, 'x');
+  file.FlushIfLarge();
+  file.Buffer() += "behind";
+  file.Overwrite(2, "over");
+  file.Buffer() += " and more";
+  EXPECT_TRUE(file.Commit());
+  const std::string text = ReadBytes(folder.File("a"));
+  EXPECT_EQ(text.size(), kMoreThanAFlush + 15);
+  EXPECT_EQ(text.substr(0, 8), "xxoverxx");
+  EXPECT_TRUE(text.ends_with("xbehind and more"));
+}
+
+TEST(OutputFile, PutsNoBytesOverOthersInADevice) {
+  const TroubleLog log;
+  OutputFile file;
+  ASSERT_TRUE(file.Open("/dev/full"));
+  file.Overwrite(0, "over");
+  EXPECT_FALSE(file.Commit());
+}
+
 TEST(OutputFile, WritesANewFile) {
   const TemporaryFolder folder;
   EXPECT_TRUE(WriteWhole(folder.File("a.txt"), "one\n"));

@@ -29,7 +29,7 @@ std::span<const FormatRow> FormatTable() {
       {"txt", "TXT", kNow, kNow, "FImportTXTFile", "FExportTXTFile", kAll, true},
       {"csv", "CSV", kNow, kNow, "FImportCSVFile", "FExportCSVFile", kAll, true},
       {"dxf", "DXF", kNow, kNow, "FImportDXFDWGFile", "FExportDXFDWGFile", kDrawing},
-      {"dwg", "DWG", kNotYet, kNotYet, "FImportDXFDWGFile", "FExportDXFDWGFile", kDrawing},
+      {"dwg", "DWG", kNow, kNow, "FImportDXFDWGFile", "FExportDXFDWGFile", kDrawing},
       {"shp", "Shape", kNow, kNow, "FImportEntFromFileShape", "FExportEntInFileShape", kShape,
        /*isPointList=*/false, /*messageIsFailure=*/true},
       {"xml", "LandXML", kNow, kNow, nullptr, "FExportLandXMLFile", kLandXml},

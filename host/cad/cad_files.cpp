@@ -1,5 +1,7 @@
 #include "host/cad/cad_files.h"
 
+#include "host/cad/dwg/dwg_reader.h"
+#include "host/cad/dwg/dwg_writer.h"
 #include "host/cad/dxf/dxf_reader.h"
 #include "host/cad/dxf/dxf_writer.h"
 #include "host/cad/field_book_blocks.h"
@@ -10,10 +12,8 @@ CadLoad CadFiles::LoadDxf(const tdk::WString& path, CTcadEng& engine) {
   return ReadDxf(path, engine);
 }
 
-CadLoad CadFiles::LoadDwg(const tdk::WString& /*path*/, CTcadEng& /*engine*/) {
-  CadLoad load;
-  load.errorText = Xlate("this version cannot read DWG files; save the drawing as DXF");
-  return load;
+CadLoad CadFiles::LoadDwg(const tdk::WString& path, CTcadEng& engine) {
+  return ReadDwg(path, engine);
 }
 
 std::vector<tdk::WString> CadFiles::SaveNotes() const {
@@ -32,7 +32,12 @@ bool CadFiles::SaveDxf(const CadSave& how, const CTcadEng& engine) {
   return written.isWritten;
 }
 
-bool CadFiles::SaveDwg(const CadSave& /*how*/, const CTcadEng& /*engine*/) { return false; }
+bool CadFiles::SaveDwg(const CadSave& how, const CTcadEng& engine) {
+  const auto exploded = how.ExplodesBlocks() ? WithoutFieldBookBlocks(engine) : nullptr;
+  const DwgWritten written = WriteDwgCounting(how, exploded == nullptr ? engine : *exploded);
+  leftOut_ = written.leftOut;
+  return written.isWritten;
+}
 
 CadFiles& CadFiles::Install() {
   static CadFiles files;

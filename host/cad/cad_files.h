@@ -5,8 +5,7 @@
 
 #include "model/cad_files.h"
 
-/// Reads and writes DXF. DWG files are neither read nor written by this version, and a load says
-/// so.
+/// Reads and writes DXF and DWG.
 class CadFiles : public ICadFiles {
  public:
   CadLoad LoadDxf(const tdk::WString& path, CTcadEng& engine) override;

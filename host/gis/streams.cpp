@@ -117,7 +117,7 @@ void OutputStream::Append(std::string_view bytes) {
 }
 
 bool OutputStream::Finish() {
-  file_.Rewrite(0, head_);
+  file_.Overwrite(0, head_);
   return isGood_;
 }
 

@@ -106,7 +106,7 @@ void OutputFile::Flush() {
   buffer_.clear();
 }
 
-void OutputFile::Rewrite(std::uint64_t position, std::string_view bytes) {
+void OutputFile::Overwrite(std::uint64_t position, std::string_view bytes) {
   Flush();
   while (IsOpen() && !failed_ && !bytes.empty()) {
     const ssize_t written = pwrite(file_, bytes.data(), bytes.size(), static_cast<off_t>(position));

@@ -32,9 +32,9 @@ class OutputFile {
     if (buffer_.size() >= kFlushSize) Flush();
   }
   void Flush();
-
-  /// Writes over bytes that were written before: a header whose counts are known at the end.
-  void Rewrite(std::uint64_t position, std::string_view bytes);
+  /// Puts bytes over others that were written before, `position` bytes from the beginning. That
+  /// fails where the target itself is written and is no file on a disk.
+  void Overwrite(std::uint64_t position, std::string_view bytes);
 
   /// Completes the file. False, with the old file untouched, when anything could not be written.
   bool Commit();

@@ -24,7 +24,7 @@ void WriteBlocks(Tags& tags, const Plan& plan, EntityWriter& writer) {
     const cad::Block& block = plan.Engine().Blocks()[static_cast<std::size_t>(position)];
     const PlannedBlock& planned = plan.BlockAt(position);
     writer.BeginBlock(block, planned);
-    WriteAll(writer, plan, block.entities, position, planned.record);
+    WriteAll(writer, plan, block.entities, position, RecordOf(planned));
     writer.EndBlock(planned);
   }
   EndSection(tags);
@@ -43,7 +43,7 @@ DxfWritten WriteDxfCounting(const CadSave& how, const CTcadEng& engine) {
   using namespace dxf_writer;
   platform::OutputFile file;
   if (!file.Open(how.path.ToUtf8())) return {};
-  const Plan plan(how, engine);
+  const dxf_writer::Plan plan(how, engine);
   Tags tags(file, plan.FileVersion(), plan.FirstFreeHandle());
   EntityWriter writer(tags, plan);
   WriteHeader(tags, plan);

@@ -1,6 +1,7 @@
 #include "host/cad/dxf/read_document.h"
 
 #include <algorithm>
+#include <cstdlib>
 #include <string>
 
 #include "platform/code_page.h"
@@ -11,18 +12,14 @@ namespace {
 
 // Of a block.
 constexpr int kInOtherFile = 4 | 8;
+// Of a layer.
+constexpr int kFrozen = 1;
+constexpr int kLocked = 4;
+constexpr int kWhite = 7;
 
-enum class BlockKind { kUser, kModelSpace, kPaperSpace };
-
-// The two spaces are blocks as well; with numbers behind their names where there are several.
-BlockKind KindOf(std::string_view name) {
-  std::string capitals(name);
-  std::transform(capitals.begin(), capitals.end(), capitals.begin(), [](char c) {
-    return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c;
-  });
-  if (capitals == "*MODEL_SPACE" || capitals == "$MODEL_SPACE") return BlockKind::kModelSpace;
-  const bool isPaper = capitals.starts_with("*PAPER_SPACE") || capitals == "$PAPER_SPACE";
-  return isPaper ? BlockKind::kPaperSpace : BlockKind::kUser;
+LayerState StateOf(const Fields& layer) {
+  const int color = layer.Whole(62, kWhite);
+  return {color >= 0 && !layer.HasFlag(70, kFrozen), layer.HasFlag(70, kLocked), std::abs(color)};
 }
 
 }  // namespace
@@ -100,7 +97,7 @@ void DocumentReader::ReadTables() {
   while (!IsAtSectionEnd()) {
     if (pairs_.Is(0, "LAYER")) {
       record_.Read(pairs_);
-      context_.layers.Take(record_);
+      context_.layers.Take(record_.Text(2), StateOf(record_));
       if (record_.HasPattern()) context_.notes.Count(Note::kLineType);
       if (record_.HasOwnLooks()) context_.notes.Count(Note::kLooks);
     } else {

@@ -50,6 +50,7 @@ const EntityReader::Rule EntityReader::kRules[] = {
 void EntityReader::ReadAll(cad::Block* block, bool isPaper) {
   block_ = block;
   isPaper_ = isPaper;
+  sink_.Into(block);
   while (!IsAmong(pairs_.Text(), kEnds)) ReadOne();
 }
 
@@ -71,12 +72,12 @@ void EntityReader::ReadOne() {
     SkipFollowers();
     return;
   }
-  drawing_ = context_.layers.IdOf(fields_.Layer());
-  color_ = ColorOf(fields_);
+  sink_.SetLook(context_.layers.IdOf(fields_.Layer()), ColorOf(fields_));
   if (fields_.HasPattern()) context_.notes.Count(Note::kLineType);
   // Told once of an entity: how it looks, as far as the engine has no such looks.
   if (isWide_ || fields_.HasOwnLooks()) context_.notes.Count(Note::kLooks);
   (this->*rule->take)();
+  if (!hasReserved_ && sink_.PutIntoEngine() >= kSample) ReserveRest();
 }
 
 void EntityReader::CountOther(std::string_view kind) {
@@ -110,25 +111,13 @@ void EntityReader::SkipFollowers() {
   while (IsAmong(pairs_.Text(), kFollowers)) SkipRecord();
 }
 
-void EntityReader::Put(cad::Shape&& shape) {
-  if (!IsFinite(shape)) {
-    context_.notes.Count(Note::kNoShape);
-    return;
-  }
-  if (block_ == nullptr && ++put_ == kSample) ReserveRest();
-  cad::Entity entity{drawing_, color_, false, cad::Origin::kUser, std::move(shape)};
-  if (block_ != nullptr) {
-    block_->entities.push_back(std::move(entity));
-  } else {
-    context_.engine.Add(std::move(entity));
-  }
-}
-
 // As many as there will be when the rest of the file is like what was read so far.
 void EntityReader::ReserveRest() {
   constexpr double kSmallestEntity = 40;  // bytes
   const auto size = static_cast<double>(pairs_.FileSize());
-  const double bytesEach = static_cast<double>(pairs_.BytesRead()) / kSample;
+  const double bytesEach =
+      static_cast<double>(pairs_.BytesRead()) / static_cast<double>(sink_.PutIntoEngine());
+  hasReserved_ = true;
   const double expected = size / std::max(bytesEach, kSmallestEntity);
   context_.engine.Reserve(context_.engine.Entities().size() + static_cast<std::size_t>(expected));
 }
@@ -137,9 +126,11 @@ Plane EntityReader::PlaneOf() const {
   return fields_.HasExtrusion() ? Plane(fields_.Extrusion()) : Plane();
 }
 
-void EntityReader::TakePoint() { Put(cad::PointShape{fields_.PointAt(10)}); }
+void EntityReader::TakePoint() { sink_.Put(cad::PointShape{fields_.PointAt(10)}); }
 
-void EntityReader::TakeLine() { Put(cad::LineShape{fields_.PointAt(10), fields_.PointAt(11)}); }
+void EntityReader::TakeLine() {
+  sink_.Put(cad::LineShape{fields_.PointAt(10), fields_.PointAt(11)});
+}
 
 // The fourth point of a triangle is the third once more, or not there.
 std::vector<cad::Point> EntityReader::Corners() const {
@@ -150,15 +141,8 @@ std::vector<cad::Point> EntityReader::Corners() const {
   return points;
 }
 
-void EntityReader::TakeFace() { Put(cad::FaceShape{Corners()}); }
+void EntityReader::TakeFace() { sink_.Put(cad::FaceShape{Corners()}); }
 
-// The third and the fourth point change places.
-void EntityReader::TakeSolid() {
-  std::vector<cad::Point> points = Corners();
-  const Plane plane = PlaneOf();
-  for (cad::Point& point : points) point = plane.ToWorld(point);
-  if (points.size() == 4) std::swap(points[2], points[3]);
-  Put(cad::SolidShape{std::move(points)});
-}
+void EntityReader::TakeSolid() { sink_.PutSolid(Corners(), PlaneOf()); }
 
 }  // namespace dxf_reader

@@ -6,17 +6,18 @@
 #include <string_view>
 #include <vector>
 
-#include "host/cad/dxf/read_blocks.h"
-#include "host/cad/dxf/read_extrusion.h"
 #include "host/cad/dxf/read_fields.h"
-#include "host/cad/dxf/read_layers.h"
-#include "host/cad/dxf/read_notes.h"
 #include "host/cad/dxf/read_pairs.h"
-#include "host/cad/dxf/read_shapes.h"
-#include "host/cad/dxf/read_text.h"
+#include "host/cad/reading/blocks.h"
+#include "host/cad/reading/layers.h"
+#include "host/cad/reading/notes.h"
+#include "host/cad/reading/sink.h"
+#include "host/cad/reading/text.h"
 #include "model/tcad_eng.h"
 
 namespace dxf_reader {
+
+using namespace cad_reader;
 
 /// What the readers of a file's sections share.
 struct Context {
@@ -33,7 +34,10 @@ struct Context {
 
 class EntityReader {
  public:
-  explicit EntityReader(Context& context) : context_(context), pairs_(context.pairs) {}
+  explicit EntityReader(Context& context)
+      : context_(context),
+        pairs_(context.pairs),
+        sink_(context.engine, context.blocks, context.notes) {}
 
   /// Reads entities from the pair on that begins the first of them up to the one that ends its
   /// section or block. Into the engine; inserts of blocks that are not there yet wait.
@@ -42,7 +46,7 @@ class EntityReader {
   /// The same, and leaves them out.
   void ReadPaper() { ReadAll(nullptr, /*isPaper=*/true); }
   /// Adds the inserts that wait, when all blocks are in the engine.
-  void AddWaiting();
+  void AddWaiting() { sink_.AddWaiting(); }
 
  private:
   struct Rule {
@@ -51,12 +55,6 @@ class EntityReader {
     void (EntityReader::*read)() = nullptr;  // instead of reading all into the fields
   };
   static const Rule kRules[];
-  struct Vertex {
-    cad::Point at;
-    double bulge = 0;
-    int flags = 0;
-    int corners[4] = {};
-  };
 
   void ReadAll(cad::Block* block, bool isPaper);
   void ReadOne();
@@ -65,7 +63,6 @@ class EntityReader {
   // Goes on to the next record; whether the one before was of the paper space.
   bool SkipRecord();
   void SkipFollowers();
-  void Put(cad::Shape&& shape);
   void ReserveRest();
   Plane PlaneOf() const;
 
@@ -77,53 +74,41 @@ class EntityReader {
 
   void ReadLightPolyline();
   bool KeepLightVertex();
-  void TakeLightPolyline() { PutFlat(); }
+  void TakeLightPolyline();
   void TakePolyline();
   void ReadVertices();
   void KeepVertex();
-  void TakeFlatPolyline();
-  void TakeSpacePolyline();
-  void TakeMesh();
-  void TakePolyface();
-  void PutFlat();
-  void PutFace(std::vector<cad::Point> points);
 
   void TakeCircle();
   void TakeArc();
   void TakeEllipse();
   void ReadSpline();
   bool KeepSplineNumber();
-  void TakeSpline();
-  void PutCurve(const Curve& curve);
+  void TakeSpline() { sink_.PutSpline(spline_); }
 
   void TakeText();
   void ReadLines();
   void TakeLines();
   void TakeAttributeDefinition();
   cad::Point TextPlace() const;
-  cad::Point FirstLinePlace(double direction, std::string_view text) const;
+  cad::TextShape TextOfFields();
 
   void TakeInsert();
   void ReadAttributes(std::vector<cad::Attribute>& attributes);
-  void PutInserts(cad::InsertShape insert);
-  void PutInsert(cad::InsertShape insert);
 
   Context& context_;
   PairStream& pairs_;
+  EntitySink sink_;
   cad::Block* block_ = nullptr;  // null: the engine
   bool isPaper_ = false;
   Fields fields_;
-  Fields part_;      // of a vertex or an attribute
-  int drawing_ = 1;  // of the entity that is read
-  std::uint16_t color_ = cad::kByLayer;
+  Fields part_;  // of a vertex or an attribute
   cad::PolylineShape line_;
   bool isWide_ = false;  // a width of the polyline is not zero
-  std::vector<Vertex> vertices_;
+  VertexLine vertices_;
   Spline spline_;
   std::string lines_;
-  std::int64_t put_ = 0;  // entities into the engine
-  int copies_ = 0;        // that arrays of inserts have made so far
-  std::vector<cad::Entity> waiting_;
+  bool hasReserved_ = false;
 };
 
 }  // namespace dxf_reader

@@ -1,9 +1,8 @@
 #include <algorithm>
-#include <cmath>
 
 #include "host/cad/dxf/write_entities.h"
-#include "host/cad/dxf/write_geometry.h"
-#include "host/cad/dxf/write_soundness.h"
+#include "host/cad/writing/attributes.h"
+#include "host/cad/writing/soundness.h"
 #include "host/cad/dxf/write_text.h"
 
 namespace dxf_writer {
@@ -16,76 +15,34 @@ constexpr EntityKind kAttribute{"0\nATTRIB\n", "100\nAcDbText\n"};
 constexpr EntityKind kDefinition{"0\nATTDEF\n", "100\nAcDbText\n"};
 
 constexpr int kHasAttributes = 2;
-
-// A tag is one word.
-std::string TagOf(std::string_view utf8) {
-  std::string tag(utf8.empty() ? "_" : utf8);
-  std::replace_if(
-      tag.begin(), tag.end(), [](char c) { return c >= 0 && c <= ' '; }, '_');
-  return TextOf(tag);
-}
-
-// Where the texts of an insert's attributes stand.
-class AttributePlaces {
- public:
-  AttributePlaces(const cad::InsertShape& insert, const cad::Block& block)
-      : insert_(insert), block_(block), placing_(insert, block.base), below_(insert.at) {}
-
-  TextLine Of(const cad::Attribute& attribute) {
-    const auto& defined = block_.attributes;
-    const auto found = std::find_if(defined.begin(), defined.end(), [&](const auto& it) {
-      return it.tag == attribute.tag && IsSound(it);
-    });
-    if (found != defined.end()) {
-      const cad::Point at = placing_(found->at);
-      const double height = HeightOf(found->height);
-      if (IsPlace(at)) return {at, height, insert_.rotation, attribute.text};
-    }
-    const double height = HeightOf(cad::AttributeDefinition{}.height);
-    const cad::Point at = below_;
-    below_ = Below(below_, placing_.TextDirection(), height * kLineDistance);
-    return {IsPlace(at) ? at : insert_.at, height, insert_.rotation, attribute.text};
-  }
-
- private:
-  // As large as it is in the insert, unless that is beyond all numbers.
-  double HeightOf(double inBlock) const {
-    const double height = inBlock * std::fabs(insert_.scale.getY());
-    return IsNumber(height) && height > 0 ? height : inBlock;
-  }
-
-  const cad::InsertShape& insert_;
-  const cad::Block& block_;
-  InsertPlacing placing_;
-  cad::Point below_;  // for the next that its block does not place
-};
+constexpr int kFirstDrawing = 1;
 
 }  // namespace
 
 void EntityWriter::BeginBlock(const cad::Block& block, const PlannedBlock& planned) {
-  layer_ = plan_.Layers().front().pairs;
+  layer_ = plan_.LayerPairs(kFirstDrawing);
   color_ = cad::kByLayer;
   const bool hasAttributes = std::any_of(block.attributes.begin(), block.attributes.end(),
                                          [](const auto& it) { return IsSound(it); });
-  Begin(kBlock, planned.record);
+  Begin(kBlock, RecordOf(planned));
   tags_.Text<2>(planned.name);
   tags_.Whole<70>(hasAttributes ? kHasAttributes : 0);
   tags_.Place<10>(block.base);
   tags_.Text<3>(planned.name);
   tags_.Text<1>("");
   for (const cad::AttributeDefinition& definition : block.attributes) {
-    if (IsSound(definition)) WriteDefinition(definition, planned.record);
+    if (IsSound(definition)) WriteDefinition(definition, RecordOf(planned));
   }
 }
 
 void EntityWriter::EndBlock(const PlannedBlock& planned) {
-  layer_ = plan_.Layers().front().pairs;
+  layer_ = plan_.LayerPairs(kFirstDrawing);
   color_ = cad::kByLayer;
-  Begin(kBlockEnd, planned.record);
+  Begin(kBlockEnd, RecordOf(planned));
 }
 
 void EntityWriter::WriteDefinition(const cad::AttributeDefinition& definition, Handle owner) {
-  const std::string tag = TagOf(definition.tag);
+  const std::string tag = TextOf(TagOf(definition.tag));
   Begin(kDefinition, owner);
   PutTextLine({definition.at, definition.height, 0, ""});
   tags_.Class("AcDbAttributeDefinition\n");
@@ -120,7 +77,7 @@ void EntityWriter::WriteAttribute(const cad::Attribute& attribute, const TextLin
   Begin(kAttribute, owner);
   PutTextLine(line);
   tags_.Class("AcDbAttribute\n");
-  tags_.Text<2>(TagOf(attribute.tag));
+  tags_.Text<2>(TextOf(TagOf(attribute.tag)));
   tags_.Whole<70>(0);
 }
 

@@ -1,6 +1,6 @@
 #include "host/cad/dxf/write_entities.h"
 
-#include "host/cad/dxf/write_geometry.h"
+#include "host/cad/writing/geometry.h"
 
 namespace dxf_writer {
 namespace {
@@ -17,7 +17,7 @@ constexpr EntityKind kSequenceEnd{"0\nSEQEND\n", ""};
 }  // namespace
 
 void EntityWriter::Write(const cad::Entity& entity, Handle owner) {
-  layer_ = plan_.LayerOf(entity.drawing).pairs;
+  layer_ = plan_.LayerPairs(entity.drawing);
   color_ = entity.color;
   owner_ = owner;
   std::visit(*this, entity.shape);

@@ -6,6 +6,7 @@
 
 #include "host/cad/dxf/write_plan.h"
 #include "host/cad/dxf/write_tags.h"
+#include "host/cad/writing/attributes.h"
 
 namespace dxf_writer {
 
@@ -13,14 +14,6 @@ namespace dxf_writer {
 struct EntityKind {
   std::string_view start;    ///< the pair of its name
   std::string_view classes;  ///< the pairs of its classes, in version 2000
-};
-
-/// A line of text that belongs to a record.
-struct TextLine {
-  cad::Point at;
-  double height;
-  double rotation;
-  std::string_view text;  ///< UTF-8
 };
 
 class EntityWriter {

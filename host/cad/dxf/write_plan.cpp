@@ -1,177 +1,29 @@
 #include "host/cad/dxf/write_plan.h"
 
-#include <algorithm>
 #include <array>
 
-#include "host/cad/dxf/write_soundness.h"
+#include "host/cad/dxf/write_text.h"
 
 namespace dxf_writer {
 namespace {
 
-constexpr int kFirstDrawing = 1;
-constexpr std::array<std::string_view, 2> kLayerPairs = {"8\n", "100\nAcDbEntity\n8\n"};
-constexpr std::size_t kHandlesOfBlock = 2;   // its begin and end
-constexpr std::size_t kHandlesOfEntity = 2;  // itself and the end of what belongs to it
+Version VersionOf(const CadSave& how) {
+  return how.version == TCAD_DXF_R12 ? Version::kR12 : Version::k2000;
+}
 
-std::size_t HandlesOf(const cad::Entity& entity) {
-  if (const auto* const polyline = std::get_if<cad::PolylineShape>(&entity.shape)) {
-    return kHandlesOfEntity + polyline->points.size();
-  }
-  if (const auto* const insert = std::get_if<cad::InsertShape>(&entity.shape)) {
-    return kHandlesOfEntity + insert->attributes.size();
-  }
-  return kHandlesOfEntity;
+PlanRules RulesOf(Version version) {
+  return {version == Version::kR12 ? NameRule::kShort : NameRule::kLong, &TextOf, nullptr};
 }
 
 }  // namespace
 
 Plan::Plan(const CadSave& how, const CTcadEng& engine)
-    : engine_(engine),
-      version_(how.version == TCAD_DXF_R12 ? Version::kR12 : Version::k2000),
-      onlyVisible_(how.OnlyVisible()) {
-  PlanLayers();
-  NameBlocks();
-  OrderBlocks();
-  for (const int position : order_) MeasureBlock(position);
-  Measure(engine_.Entities(), kInNoBlock, extent_);
-}
-
-void Plan::PlanLayers() {
-  NameTable names(version_);
-  for (int id = kFirstDrawing; id <= engine_.GetNoDrawings(); ++id) {
-    PlannedLayer layer;
-    layer.name = names.Add(engine_.GetDrawingName(id).ToUtf8());
-    layer.pairs.append(kLayerPairs[static_cast<std::size_t>(version_)]).append(layer.name) += '\n';
-    layer.isVisible = engine_.IsDrawingVisible(id);
-    layer.isLocked = engine_.IsDrawingLocked(id);
-    bool isByLayer = false;
-    unsigned color = 0;
-    engine_.GetDrawingColor(id, isByLayer, color);
-    if (color >= 1 && color <= 255) layer.color = static_cast<int>(color);
-    layers_.push_back(std::move(layer));
+    : cad_writer::Plan(how, engine, RulesOf(VersionOf(how))), version_(VersionOf(how)) {
+  constexpr std::array<std::string_view, 2> kStarts = {"8\n", "100\nAcDbEntity\n8\n"};
+  for (const PlannedLayer& layer : Layers()) {
+    const std::string_view start = kStarts[static_cast<std::size_t>(version_)];
+    layerPairs_.push_back(std::string(start).append(layer.name) += '\n');
   }
-  handles_ += layers_.size();
-}
-
-const PlannedLayer& Plan::LayerOf(int drawing) const {
-  const bool isThere =
-      drawing >= kFirstDrawing && static_cast<std::size_t>(drawing) <= layers_.size();
-  return layers_[isThere ? static_cast<std::size_t>(drawing - kFirstDrawing) : 0];
-}
-
-// Some programs keep what lies on paper in blocks of these names.
-void Plan::NameBlocks() {
-  NameTable names(version_);
-  for (const char* const reserved : {"$MODEL_SPACE", "$PAPER_SPACE"}) names.Add(reserved);
-  blocks_.resize(engine_.Blocks().size());
-  for (std::size_t i = 0; i < blocks_.size(); ++i) {
-    blocks_[i].name = names.Add(engine_.Blocks()[i].name);
-  }
-}
-
-bool Plan::CanBeInserted(int position) const {
-  const std::vector<cad::Block>& blocks = engine_.Blocks();
-  return position >= 0 && static_cast<std::size_t>(position) < blocks.size() &&
-         IsPlace(blocks[static_cast<std::size_t>(position)].base);
-}
-
-// What lies on the first drawing in a block is shown wherever the block is.
-bool Plan::IsShown(const cad::Entity& entity, int block) const {
-  if (entity.isPrivate) return false;
-  if (!onlyVisible_ || (block >= 0 && entity.drawing == kFirstDrawing)) return true;
-  return engine_.IsDrawingVisible(entity.drawing);
-}
-
-Fate Plan::FateOf(const cad::Entity& entity, int block) const {
-  if (!IsShown(entity, block)) return Fate::kHidden;
-  if (!IsSound(entity.shape)) return Fate::kBroken;
-  const auto* const insert = std::get_if<cad::InsertShape>(&entity.shape);
-  if (insert == nullptr) return Fate::kWritten;
-  if (!CanBeInserted(insert->block)) return Fate::kBroken;
-  const bool holdsItself = block >= 0 && BlockAt(insert->block).rank >= BlockAt(block).rank;
-  return holdsItself ? Fate::kBroken : Fate::kWritten;
-}
-
-// Negative: none. Used before it is known which blocks would hold themselves.
-int Plan::InsertedBlock(const cad::Entity& entity, int block) const {
-  const auto* const insert = std::get_if<cad::InsertShape>(&entity.shape);
-  if (insert == nullptr || !IsShown(entity, block) || !IsSound(entity.shape)) return -1;
-  return CanBeInserted(insert->block) ? insert->block : -1;
-}
-
-void Plan::OrderBlocks() {
-  for (int i = 0; i < static_cast<int>(blocks_.size()); ++i) {
-    if (!engine_.Blocks()[static_cast<std::size_t>(i)].isPrivate && CanBeInserted(i)) OrderFrom(i);
-  }
-  for (const cad::Entity& entity : engine_.Entities()) {
-    const int inserted = InsertedBlock(entity, kInNoBlock);
-    if (inserted >= 0) OrderFrom(inserted);
-  }
-}
-
-int Plan::NextInserted(OpenBlock& block) const {
-  const std::vector<cad::Entity>& entities =
-      engine_.Blocks()[static_cast<std::size_t>(block.position)].entities;
-  while (block.next < entities.size()) {
-    const int inserted = InsertedBlock(entities[block.next++], block.position);
-    if (inserted >= 0) return inserted;
-  }
-  return -1;
-}
-
-// Depth first, without recursion: a file may have nested blocks as deeply as it likes. A block that
-// is reached again while it is open gets a rank above that of the one which inserts it.
-void Plan::OrderFrom(int position) {
-  std::vector<OpenBlock> path;
-  const auto open = [&](int block) {
-    PlannedBlock& planned = blocks_[static_cast<std::size_t>(block)];
-    if (planned.isWritten) return;
-    planned.isWritten = true;
-    path.push_back({block, 0});
-  };
-  open(position);
-  while (!path.empty()) {
-    const int inserted = NextInserted(path.back());
-    if (inserted >= 0) {
-      open(inserted);
-      continue;
-    }
-    PlannedBlock& done = blocks_[static_cast<std::size_t>(path.back().position)];
-    done.rank = order_.size();
-    done.record = kLastFixedHandle + 1 + done.rank;
-    order_.push_back(path.back().position);
-    path.pop_back();
-  }
-}
-
-void Plan::Measure(const std::vector<cad::Entity>& entities, int block, Extent& extent) {
-  for (const cad::Entity& entity : entities) {
-    const Fate fate = FateOf(entity, block);
-    if (fate == Fate::kBroken) ++leftOut_;
-    if (fate != Fate::kWritten) {
-      takesAll_ = false;
-      continue;
-    }
-    Include(extent, entity.shape);
-    IncludeInserted(extent, entity);
-    handles_ += HandlesOf(entity);
-  }
-}
-
-void Plan::IncludeInserted(Extent& extent, const cad::Entity& entity) const {
-  const auto* const insert = std::get_if<cad::InsertShape>(&entity.shape);
-  if (insert == nullptr) return;
-  const cad::Block& block = engine_.Blocks()[static_cast<std::size_t>(insert->block)];
-  extent.Include(BlockAt(insert->block).extent, InsertPlacing(*insert, block.base));
-}
-
-void Plan::MeasureBlock(int position) {
-  const cad::Block& block = engine_.Blocks()[static_cast<std::size_t>(position)];
-  Measure(block.entities, position, blocks_[static_cast<std::size_t>(position)].extent);
-  leftOut_ += static_cast<std::uint64_t>(
-      std::count_if(block.attributes.begin(), block.attributes.end(),
-                    [](const cad::AttributeDefinition& it) { return !IsSound(it); }));
-  handles_ += kHandlesOfBlock + block.attributes.size();
 }
 
 }  // namespace dxf_writer

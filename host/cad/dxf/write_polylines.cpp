@@ -1,7 +1,7 @@
 #include <algorithm>
 
 #include "host/cad/dxf/write_entities.h"
-#include "host/cad/dxf/write_geometry.h"
+#include "host/cad/writing/geometry.h"
 
 namespace dxf_writer {
 namespace {

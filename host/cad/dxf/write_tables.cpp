@@ -136,24 +136,18 @@ void WriteTable(Tags& tags, const TableKind& kind, std::span<const FixedRecord> 
 
 // Programs open the drawing with all of it in view.
 void WriteView(Tags& tags, const Extent& extent) {
-  constexpr double kWidthByHeight = 1.5;
-  constexpr double kMargin = 1.1;
-  const cad::Point none;
-  const cad::Point& min = extent.IsEmpty() ? none : extent.Min();
-  const cad::Point& max = extent.IsEmpty() ? none : extent.Max();
-  const double height =
-      std::max(max.getY() - min.getY(), (max.getX() - min.getX()) / kWidthByHeight);
+  const View view = ViewOf(extent);
   tags.Whole<70>(0);
   tags.Place<10>(0, 0);
   tags.Place<11>(1, 1);
-  tags.Place<12>(min.getX() / 2 + max.getX() / 2, min.getY() / 2 + max.getY() / 2);
+  tags.Place<12>(view.x, view.y);
   tags.Place<13>(0, 0);
   tags.Place<14>(1, 1);
   tags.Place<15>(1, 1);
   tags.Place<16>({0, 0, 1});
   tags.Place<17>({0, 0, 0});
-  tags.Real<40>(height > 0 ? height * kMargin : 1);
-  tags.Real<41>(kWidthByHeight);
+  tags.Real<40>(view.height);
+  tags.Real<41>(View::kWidthByHeight);
   tags.Pairs(kViewEnd);
 }
 
@@ -185,7 +179,7 @@ void WriteBlockRecords(Tags& tags, const Plan& plan) {
   WriteRecords(tags, kBlockRecords, kSpaceRecords);
   for (const int position : plan.BlockOrder()) {
     const PlannedBlock& block = plan.BlockAt(position);
-    BeginRecord(tags, kBlockRecords, block.record, block.name);
+    BeginRecord(tags, kBlockRecords, RecordOf(block), block.name);
     tags.Reference<340>(0);
   }
   EndTable(tags);

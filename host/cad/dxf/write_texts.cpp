@@ -1,5 +1,5 @@
 #include "host/cad/dxf/write_entities.h"
-#include "host/cad/dxf/write_geometry.h"
+#include "host/cad/writing/geometry.h"
 #include "host/cad/dxf/write_text.h"
 
 namespace dxf_writer {

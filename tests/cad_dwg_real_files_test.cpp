@@ -1,0 +1,59 @@
+// Drawings of other programs against the same drawings as DXF.
+#include <algorithm>
+#include <filesystem>
+
+#include "support/dwg_drawings.h"
+
+using namespace dwg_test;
+
+namespace {
+
+// The old version has its names in capitals, without blanks and signs. A block that changes is
+// called by its own name in one of the files, and by a number in the others.
+std::string InOldNames(std::string line) {
+  for (char& c : line) {
+    if (c >= 'a' && c <= 'z') c = static_cast<char>(c - 'a' + 'A');
+    if (c == ' ' || c == '@') c = '_';
+  }
+  constexpr std::string_view kNumbered = "*U17";
+  const std::size_t at = line.find(kNumbered);
+  if (at != std::string::npos) line.replace(at, kNumbered.size(), "MY-DYNAMIC-BLOCK");
+  return line;
+}
+
+class DwgRealFiles : public testing::TestWithParam<const char*> {
+ protected:
+  void SetUp() override {
+    if (!std::filesystem::exists(KALVIO_REAL_DATA "/cad")) {
+      GTEST_SKIP() << "there are no files of other programs";
+    }
+  }
+  static tdk::WString Path(const char* name) {
+    return tdk::WString(std::string(KALVIO_REAL_DATA "/cad/") + name);
+  }
+  /// All that an engine holds, in no order.
+  static std::vector<std::string> Lines(const CTcadEng& engine) {
+    std::vector<std::string> lines = Describer(engine).All();
+    std::transform(lines.begin(), lines.end(), lines.begin(), InOldNames);
+    std::sort(lines.begin(), lines.end());
+    return lines;
+  }
+  CTcadEng dwg_{0, nullptr, true};
+  CTcadEng dxf_{0, nullptr, true};
+};
+
+TEST_P(DwgRealFiles, AreTheSameAsTheirTwin) {
+  const CadLoad load = ReadDwg(Path(GetParam()), dwg_);
+  ASSERT_TRUE(load.isLoaded) << load.errorText.ToUtf8();
+  const CadLoad twin = ReadDxf(Path("sample_AC1015_ascii.dxf"), dxf_);
+  ASSERT_TRUE(twin.isLoaded);
+  EXPECT_EQ(Lines(dwg_).size(), 324U);
+  EXPECT_EQ(Lines(dwg_), Lines(dxf_));
+  EXPECT_EQ(load.notes, twin.notes);
+}
+
+INSTANTIATE_TEST_SUITE_P(Files, DwgRealFiles,
+                         testing::Values("sample_AC1015.dwg", "sample_AC1014.dwg"),
+                         [](const auto& file) { return std::string(file.param, 13); });
+
+}  // namespace
