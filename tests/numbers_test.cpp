@@ -8,6 +8,7 @@
 #include <algorithm>
 #include <array>
 #include <bit>
+#include <charconv>
 #include <cmath>
 #include <cstdio>
 #include <limits>
@@ -193,6 +194,30 @@ TEST(Numbers, ReadsBackTheShortestTextOfAnyFiniteNumber) {
     const auto value = std::bit_cast<double>(random.Bits());
     if (!std::isfinite(value)) continue;
     ASSERT_EQ(Parsed(Shortest(value)), value) << std::hexfloat << value;
+  }
+}
+
+void ExpectShortestAsLibrary(double value) {
+  std::array<char, 32> buffer;
+  const auto end = std::to_chars(buffer.data(), buffer.data() + buffer.size(), value).ptr;
+  ASSERT_EQ(Shortest(value), std::string(buffer.data(), end)) << std::hexfloat << value;
+}
+
+TEST(Numbers, WritesTheShortestTextThatTheLibraryWrites) {
+  Random random;
+  for (int i = 0; i < 300'000; ++i) {
+    const int decimals = random.Whole(0, 6);
+    const auto units = random.Whole<std::int64_t>(-9'999'999'999, 9'999'999'999);
+    const double value =
+        static_cast<double>(units >> random.Whole(0, 33)) / std::pow(10.0, decimals);
+    for (const double each : {value, std::nextafter(value, 1e300), value * 1e7, value + 0.4}) {
+      ExpectShortestAsLibrary(each);
+    }
+  }
+  for (int units = -20'000; units <= 20'000; ++units) ExpectShortestAsLibrary(units / 1e4);
+  for (const double edge : {1e11, 1e11 - 0.5, 99'999'999'999.9999, 1e-3, 0.5e-3, kInfinity, -0.0}) {
+    ExpectShortestAsLibrary(edge);
+    ExpectShortestAsLibrary(-edge);
   }
 }
 

@@ -162,6 +162,24 @@ double ConvertByLibrary(std::string_view number, double beyondRange) {
   return IsLarge(withPoint) ? beyondRange : 0;
 }
 
+// A number of few decimals is a whole number of the last of them. Where that whole number gives it
+// back its digits are the shortest, for no other number of up to fifteen digits reads as it. Whole
+// and very small numbers may have an exponent, and are left to the library.
+bool AppendShortestQuickly(std::string& text, double value) {
+  constexpr int kDecimals = 4;
+  constexpr std::uint64_t kUnits = 10'000;
+  constexpr double kLeast = 1e-3;
+  constexpr double kBeyond = 1e11;
+  const double size = std::fabs(value);
+  if (!(size >= kLeast && size < kBeyond)) return false;
+  const auto units = static_cast<std::uint64_t>(size * kUnits + 0.5);
+  const bool isExact = static_cast<double>(units) / kUnits == size;
+  if (!isExact || units % kUnits == 0) return false;
+  AppendScaled(text, value < 0, units, kDecimals);
+  while (text.back() == '0') text.pop_back();
+  return true;
+}
+
 }  // namespace
 
 void AppendFixed(std::string& text, double value, int decimals) {
@@ -174,6 +192,7 @@ void AppendFixed(std::string& text, double value, int decimals) {
 }
 
 void AppendShortest(std::string& text, double value) {
+  if (AppendShortestQuickly(text, value)) return;
   std::array<char, 32> buffer;
   const auto [end, error] = std::to_chars(buffer.data(), buffer.data() + buffer.size(), value);
   if (error == std::errc()) text.append(buffer.data(), end);

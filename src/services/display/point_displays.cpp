@@ -1,3 +1,4 @@
+#include <cmath>
 #include <string>
 #include <unordered_set>
 
@@ -24,10 +25,13 @@ std::string HeightText(const CEgn& point) {
   return StringDaDouble(point.GetCoordZ(), 0, kHeightDecimals).ToUtf8();
 }
 
+// Texts stand at whole millimetres, whatever digits their points have.
+double Millimetres(double metres) { return std::round(metres * 1000) / 1000; }
+
 cad::TextShape Text(const CEgn& point, const display::TextPlace& place, std::string text) {
   const cad::Point at = PlaceOf(point);
-  return {{at.getX() + place.right * display::kSymbolSize,
-           at.getY() + place.up * display::kSymbolSize, at.getZ()},
+  return {{Millimetres(at.getX() + place.right * display::kSymbolSize),
+           Millimetres(at.getY() + place.up * display::kSymbolSize), at.getZ()},
           display::kTextHeight,
           0,
           std::move(text)};
