@@ -1,7 +1,8 @@
 // The document that a host hands to an exchange.
 #pragma once
 
-#include "model/design.h"
+#include "model/cadastre.h"
+#include "model/gis.h"
 #include "model/gps.h"
 #include "model/known_points.h"
 #include "model/road.h"
