@@ -25,6 +25,11 @@ void CountDesign(HostDocument& document, Counts& counts) {
   }
   counts.roads = static_cast<std::uint64_t>(document.GetLibRoad()->GetRoadArSize());
   counts.entities = static_cast<std::uint64_t>(document.GetCadEngine()->Entities().size());
+  const gis::CLibGis& themes = *document.GetLibGis();
+  counts.themes = static_cast<std::uint64_t>(themes.GetNumThemes());
+  for (int i = 0; i < themes.GetNumThemes(); ++i) {
+    counts.features += static_cast<std::uint64_t>(themes.GetTheme(i)->GetNumFeatures());
+  }
 }
 
 }  // namespace
@@ -58,7 +63,9 @@ Counts operator-(const Counts& more, const Counts& less) {
           more.surfaces - less.surfaces,
           more.triangles - less.triangles,
           more.roads - less.roads,
-          more.entities - less.entities};
+          more.entities - less.entities,
+          more.themes - less.themes,
+          more.features - less.features};
 }
 
 Counts Within(const Counts& counts, const Carried& carried) {
@@ -78,6 +85,10 @@ Counts Within(const Counts& counts, const Carried& carried) {
     part.roads = counts.roads;
   }
   if (carried.drawing) part.entities = counts.entities;
+  if (carried.themes) {
+    part.themes = counts.themes;
+    part.features = counts.features;
+  }
   return part;
 }
 
@@ -100,5 +111,7 @@ std::string InWords(const Counts& counts) {
   add(counts.triangles, Xlate("{1} triangle"), Xlate("{1} triangles"));
   add(counts.roads, Xlate("{1} road"), Xlate("{1} roads"));
   add(counts.entities, Xlate("{1} drawn entity"), Xlate("{1} drawn entities"));
+  add(counts.themes, Xlate("{1} theme"), Xlate("{1} themes"));
+  add(counts.features, Xlate("{1} feature"), Xlate("{1} features"));
   return text.empty() ? Xlate("nothing").ToUtf8() : text;
 }

@@ -19,6 +19,8 @@ struct Counts {
   std::uint64_t triangles = 0;
   std::uint64_t roads = 0;
   std::uint64_t entities = 0;  ///< of the drawing
+  std::uint64_t themes = 0;    ///< of the GIS library
+  std::uint64_t features = 0;  ///< of all themes
 
   bool IsNothing() const { return *this == Counts{}; }
   bool operator==(const Counts&) const = default;
@@ -31,6 +33,7 @@ struct Carried {
   bool controls = false;
   bool design = false;   ///< terrain models and roads
   bool drawing = false;  ///< what was drawn by hand or imported
+  bool themes = false;   ///< GIS themes
 };
 
 Counts CountsOf(HostDocument& document);

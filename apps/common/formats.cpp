@@ -10,8 +10,15 @@
 std::span<const FormatRow> FormatTable() {
   using enum Exchanged;
   constexpr Carried kTotalStation{};
+  constexpr Carried kObservations{.gps = true};
   constexpr Carried kAll{true, true, true};
-  constexpr Carried kDrawing{true, true, true, true, true};
+  constexpr Carried kDrawing{true, true, true, true, true, true};
+  constexpr Carried kShape{.gps = true,
+                           .known = true,
+                           .controls = true,
+                           .design = false,
+                           .drawing = false,
+                           .themes = true};
   constexpr Carried kLandXml{.gps = true, .known = true, .controls = false, .design = true};
   static constexpr std::array<FormatRow, 9> kTable = {{
       {"jb2", "JB2", kNow, kNow, "FImportJB2File", "FExportJB2File", kTotalStation},
@@ -20,9 +27,10 @@ std::span<const FormatRow> FormatTable() {
       {"csv", "CSV", kNow, kNow, "FImportCSVFile", "FExportCSVFile", kAll, true},
       {"dxf", "DXF", kNow, kNow, "FImportDXFDWGFile", "FExportDXFDWGFile", kDrawing},
       {"dwg", "DWG", kNotYet, kNotYet, "FImportDXFDWGFile", "FExportDXFDWGFile", kDrawing},
-      {"shp", "Shape", kNotYet, kNotYet, "FImportEntFromFileShape", "FExportEntInFileShape", kAll},
+      {"shp", "Shape", kNow, kNow, "FImportEntFromFileShape", "FExportEntInFileShape", kShape,
+       /*isPointList=*/false, /*messageIsFailure=*/true},
       {"xml", "LandXML", kNow, kNow, nullptr, "FExportLandXMLFile", kLandXml},
-      {"dat", "DAT", kNever, kNotYet, nullptr, "FExportDATFile", kAll},
+      {"dat", "DAT", kNever, kNow, nullptr, "FExportDATFile", kObservations, false, true},
   }};
   return kTable;
 }

@@ -22,6 +22,8 @@ struct FormatRow {
   const char* exportFunction;
   Carried carried;           ///< what of a job such a file holds
   bool isPointList = false;  ///< it holds points of one kind, laid out by options
+  /// Its export says by message box alone that it failed.
+  bool messageIsFailure = false;
 };
 
 std::span<const FormatRow> FormatTable();

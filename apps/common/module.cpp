@@ -7,6 +7,7 @@
 
 #include "failure.h"
 #include "frame/exports.h"
+#include "host/gis/link_points.h"
 #include "platform/paths.h"
 
 namespace {
@@ -104,8 +105,10 @@ CallResult Module::Call(const std::string& name, CWnd& parent, ExchangeContext& 
               {}};
     case Kind::kShapeExport:
       return {Typed<FExportEntInFileShape>(address)(&parent, gis), {}};
-    case Kind::kShapeImport:
-      return {Typed<FImportEntFromFileShape>(address)(&parent, gis, nullptr, false) ? 1 : 0, {}};
+    case Kind::kShapeImport: {
+      KnownPointLink link(*document.GetLibPnt());
+      return {Typed<FImportEntFromFileShape>(address)(&parent, gis, &link, false) ? 1 : 0, {}};
+    }
     case Kind::kNothing:
       Typed<DummyVexa4modExport>(address)();
       return {};

@@ -1,6 +1,7 @@
 #include "commands.h"
 #include "console.h"
 #include "failure.h"
+#include "host/gis/shape_files.h"
 #include "job_session.h"
 #include "module.h"
 #include "nearest_word.h"
@@ -111,6 +112,9 @@ int RunCall(const Arguments& arguments) {
     const Listening listening(views, session.Document());
     const ToldCadFiles told(views);
     result = module.Call(function, parent, session.Document(), options);
+  }
+  for (const tdk::WString& note : ShapeFiles::Install().TakeNotes()) {
+    console::Complain(note.ToUtf8());
   }
   // A call that was ended or could not be told leaves the job as it was.
   if (!views.Ended()) views.Print(Returned(result));

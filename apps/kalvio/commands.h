@@ -3,6 +3,7 @@
 
 #include "arguments.h"
 
+int RunCadastral(const Arguments& arguments);
 int RunCall(const Arguments& arguments);
 int RunCompute(const Arguments& arguments);
 int RunConvert(const Arguments& arguments);

@@ -121,8 +121,11 @@ class Summary {
 
 void Import(const Files& files, const Module& module, HostDocument& document,
             const TextOptions& options, const Summary& summary, ProgressLine& progress) {
+  // Where themes cannot go, their points can.
+  const Carried& carried = FormatOf(files.output).carried;
+  const bool makesPoints = carried.known && !carried.themes;
   for (const std::string& input : files.inputs) {
-    const Exchange in = ImportFile(module, input, document, options, progress);
+    const Exchange in = ImportFile(module, input, document, options, progress, makesPoints);
     summary.TellRead(input, InWords(in.counts));
     TellRemarks(input, in.remarks);
   }
@@ -167,10 +170,11 @@ void Export(const Files& files, const Module& module, HostDocument& document,
 
 int RunConvert(const Arguments& arguments) {
   const TextOptions options = ReadTextOptions(arguments);
-  const OutputOptions output{ReadLandXmlParts(arguments), ReadDrawingOptions(arguments)};
+  OutputOptions output{ReadLandXmlParts(arguments), ReadDrawingOptions(arguments), {}, false};
   const Files files = CheckedFiles(arguments);
   CheckTerrainOptions(arguments);
   const tdk::WString crs = ReferenceSystemOption(arguments);  // before anything is read
+  output.crs = crs;
   const auto job = arguments.Value("--job");
   const Summary summary(arguments.Has("--quiet"));
   ProgressLine progress(WantsProgress(arguments));

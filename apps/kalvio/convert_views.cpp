@@ -6,6 +6,7 @@
 
 #include "services/message_box.h"
 #include "services/translate.h"
+#include "shape_options.h"
 
 namespace {
 
@@ -24,6 +25,8 @@ bool ChooseFile(Dialog& dialog, const std::string& path, const TextOptions& /*op
 constexpr std::array kDialogs = {
     DialogRow{"file", ChooseFile, "OK"},
     DialogRow{"cad-file", nullptr, "OK"},
+    DialogRow{"shape-import", nullptr, "OK"},
+    DialogRow{"shape-export", nullptr, "OK"},
     DialogRow{"landxml-survey", nullptr, ">>"},
     DialogRow{"landxml-triangulation", nullptr, ">>"},
     // On the last page there is nothing further; "Cancel" is what ends the choice there.
@@ -38,8 +41,10 @@ constexpr std::array kDialogs = {
 }  // namespace
 
 bool ConvertViews::Fill(Dialog& dialog) const {
-  return dialog.Name() == "cad-file" ? FillCadFile(dialog, path_, output_.drawing)
-                                     : CheckChosen(dialog);
+  if (dialog.Name() == "cad-file") return FillCadFile(dialog, path_, output_.drawing);
+  if (dialog.Name() == "shape-import") return FillShapeImport(dialog, path_, output_.makesPoints);
+  if (dialog.Name() == "shape-export") return FillShapeExport(dialog, path_);
+  return CheckChosen(dialog);
 }
 
 // Checks every row of the lists that are chosen.
@@ -54,6 +59,7 @@ bool ConvertViews::CheckChosen(Dialog& dialog) const {
 }
 
 int ConvertViews::ShowDialog(Dialog& dialog) {
+  asksToReplace_ = dialog.Name() == "shape-export";
   const auto* const row =
       std::find_if(kDialogs.begin(), kDialogs.end(),
                    [&](const DialogRow& each) { return each.dialog == dialog.Name(); });
@@ -79,6 +85,8 @@ int ConvertViews::ShowMessage(const tdk::WString& /*caption*/, const tdk::WStrin
                               unsigned flags) {
   // That is what a conversion does, and its help says so.
   if (text == Xlate("Export file exists. Overwrite it?")) return kAnswerYes;
+  if (asksToReplace_ && (flags & kBoxYesNo) != 0) return kAnswerYes;
+  if ((flags & kBoxInformation) == kBoxInformation) return kAnswerOk;  // that all went well
   messages_.push_back(text.ToUtf8());
   return (flags & kBoxYesNo) != 0 ? kAnswerNo : kAnswerOk;
 }

@@ -43,6 +43,7 @@ class ConvertViews : public HostViews {
   const OutputOptions& output_;
   ProgressLine& progress_;
   bool hasWritten_ = false;
+  bool asksToReplace_ = false;  // the last dialog was one whose only question is that
   std::vector<std::string> notes_;
   std::vector<std::string> messages_;
 };

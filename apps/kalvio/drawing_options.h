@@ -1,4 +1,4 @@
-// How drawings and LandXML files are written, as the options say.
+// How drawings, LandXML and Shape files are exchanged, as the options say.
 #pragma once
 
 #include "arguments.h"
@@ -19,4 +19,6 @@ bool FillCadFile(Dialog& dialog, const std::string& path, const DrawingOptions& 
 struct OutputOptions {
   LandXmlParts parts;
   DrawingOptions drawing;
+  tdk::WString crs;          ///< of Shape files that are written; empty: not known
+  bool makesPoints = false;  ///< of the features of a Shape file that is read
 };

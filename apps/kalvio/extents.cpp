@@ -130,6 +130,18 @@ void AddDrawing(const CTcadEng& engine, Extents& extents) {
   }
 }
 
+void AddThemes(const gis::CLibGis& library, Extents& extents) {
+  for (int i = 0; i < library.GetNumThemes(); ++i) {
+    const gis::CTheme& theme = *library.GetTheme(i);
+    for (std::size_t v = 0; v < theme.GetNumVertices(); ++v) {
+      extents.axes[0].Add(theme.Xs()[v]);
+      extents.axes[1].Add(theme.Ys()[v]);
+      if (theme.Is3D()) extents.axes[2].Add(theme.Zs()[v]);
+    }
+    extents.hasDesign = extents.hasDesign || theme.GetNumVertices() > 0;
+  }
+}
+
 }  // namespace
 
 Extents ExtentsOf(HostDocument& document) {
@@ -139,6 +151,7 @@ Extents ExtentsOf(HostDocument& document) {
   AddKnown(*document.GetLibPnt(), extents);
   AddTerrain(*document.GetLibDtm(), extents);
   AddRoads(*document.GetLibRoad(), extents);
+  AddThemes(*document.GetLibGis(), extents);
   AddDrawing(*document.GetCadEngine(), extents);
   return extents;
 }

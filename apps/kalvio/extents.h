@@ -22,7 +22,7 @@ struct Extents {
   std::array<Extent, 3> axes;         ///< easting, northing, elevation
   std::uint64_t points = 0;           ///< of all kinds, stations and GPS bases included
   std::uint64_t withoutDistance = 0;  ///< observed from a station, but without a slope distance
-  bool hasDesign = false;             ///< terrain or roads are among it
+  bool hasDesign = false;             ///< more than points is among it
 
   void Add(const CEgn& point);
 };

@@ -9,17 +9,37 @@
 #include "failure.h"
 #include "formats.h"
 #include "host/document/host_document.h"
+#include "host/gis/link_points.h"
+#include "host/gis/shape_files.h"
 #include "host/landxml/load.h"
 #include "job_session.h"
 #include "platform/paths.h"
 #include "services/translate.h"
+#include "shape_set.h"
 #include "trouble_scope.h"
 
 namespace {
 
 constexpr std::size_t kRemarksShown = 10;
 
+// What message boxes said, on one line.
+std::string OnOneLine(const std::vector<std::string>& messages) {
+  std::string line;
+  for (const std::string& message : messages) {
+    if (!line.empty()) line += "; ";
+    for (const char c : message) line += c == '\n' ? std::string("; ") : std::string(1, c);
+  }
+  return line;
+}
+
 std::string NameOf(const std::string& path) { return std::string(platform::FileName(path)); }
+
+// What the host's Shape files remarked.
+std::vector<std::string> ShapeNotes() {
+  std::vector<std::string> notes;
+  for (const tdk::WString& note : ShapeFiles::Install().TakeNotes()) notes.push_back(note.ToUtf8());
+  return notes;
+}
 
 // Runs one function of the module on one file and gives back what it said; throws Failure when it
 // did not succeed.
@@ -37,6 +57,14 @@ std::vector<std::string> Run(const Module& module, const char* function, const s
   if (const std::string reason = trouble.Reason(absolute); !reason.empty()) {
     throw Failed(path, reason);
   }
+  const FormatRow& format = FormatOf(path);
+  const bool isExport = function == format.exportFunction;
+  const std::vector<std::string> notes = ShapeNotes();
+  if (isExport && format.messageIsFailure && !said.empty()) {
+    said.insert(said.end(), notes.begin(), notes.end());
+    throw Failed(path, OnOneLine(said));
+  }
+  said.insert(said.end(), notes.begin(), notes.end());
   said.insert(said.end(), views.Notes().begin(), views.Notes().end());
   if (result.value == 1 || views.HasWritten()) return said;
   throw Failed(path, said.empty() ? Xlate("the module refused it").ToUtf8() : said.front());
@@ -76,9 +104,11 @@ void CheckInput(const std::string& path) {
 }
 
 std::string WhyNothing(const FormatRow& format, const std::vector<std::string>& remarks) {
-  const bool tellsWhy = format.isPointList || format.importFunction == nullptr;
+  const bool isShape = format.extension == std::string_view("shp");
+  const bool tellsWhy = format.isPointList || format.importFunction == nullptr || isShape;
   if (tellsWhy && !remarks.empty()) {
-    return Fill(Xlate("nothing was imported: {1}"), {tdk::WString(remarks.front())}).ToUtf8();
+    const std::string why = isShape ? OnOneLine(remarks) : remarks.front();
+    return Fill(Xlate("nothing was imported: {1}"), {tdk::WString(why)}).ToUtf8();
   }
   return Fill(Xlate("nothing was imported: no {1} record in it"), {format.name}).ToUtf8();
 }
@@ -94,10 +124,47 @@ TextOptions WithKind(TextOptions options, const Counts& counts, const std::strin
   return options;
 }
 
+// The module's dialog offers points only where there is a table.
+void MakePointsWithoutTable(HostDocument& document, const Counts& before) {
+  const Counts now = CountsOf(document);
+  if (now.themes == before.themes || now.knownGroups != before.knownGroups) return;
+  const gis::CTheme& theme = *document.GetLibGis()->GetTheme(static_cast<int>(now.themes) - 1);
+  KnownPointLink link(*document.GetLibPnt());
+  shape::Remarks unused;
+  shape::LinkPointsOf(theme, theme.GetName(), {}, link, unused);
+}
+
+Exchange ExportShapes(const Module& module, const std::string& path, HostDocument& document,
+                      const TextOptions& options, const OutputOptions& output,
+                      ProgressLine& progress) {
+  const ShapeSet set(document, path, output.crs);
+  if (set.IsEmpty()) {
+    throw Failed(path,
+                 Xlate("the job holds no points with plane coordinates and no themes").ToUtf8());
+  }
+  Exchange exchange;
+  exchange.remarks = set.Remarks();
+  const std::vector<std::string> said =
+      Run(module, FormatOf(path).exportFunction, path, document, options, output, progress);
+  exchange.remarks.insert(exchange.remarks.end(), said.begin(), said.end());
+  std::error_code error;
+  for (const std::string& file : set.Files()) {
+    if (!std::filesystem::exists(file, error)) {
+      throw Failed(file, Xlate("it was not written").ToUtf8());
+    }
+  }
+  if (set.Files().size() > 1 || set.Files().front() != platform::NativePath(path)) {
+    for (const std::string& file : set.Files()) {
+      exchange.remarks.push_back(Fill(Xlate("wrote {1}"), {tdk::WString(file)}).ToUtf8());
+    }
+  }
+  return exchange;
+}
+
 }  // namespace
 
 Exchange ImportFile(const Module& module, const std::string& path, HostDocument& document,
-                    const TextOptions& options, ProgressLine& progress) {
+                    const TextOptions& options, ProgressLine& progress, bool makesPoints) {
   CheckReadable(path);
   CheckInput(path);
   const FormatRow& format = FormatOf(path);
@@ -106,7 +173,9 @@ Exchange ImportFile(const Module& module, const std::string& path, HostDocument&
   exchange.remarks =
       format.importFunction == nullptr
           ? LoadRoadsAndTerrain(path, document, progress)
-          : Run(module, format.importFunction, path, document, options, {}, progress);
+          : Run(module, format.importFunction, path, document, options,
+                {.parts = {}, .drawing = {}, .crs = {}, .makesPoints = makesPoints}, progress);
+  if (makesPoints) MakePointsWithoutTable(document, before);
   exchange.counts = CountsOf(document) - before;
   // A text file makes a group before its first point.
   const bool isNothing =
@@ -125,6 +194,12 @@ Exchange ExportFile(const Module& module, const std::string& path, HostDocument&
   Exchange exchange;
   const Counts all = CountsOf(document);
   const TextOptions chosen = format.isPointList ? WithKind(options, all, path) : options;
+  if (format.extension == std::string_view("shp")) {
+    exchange = ExportShapes(module, path, document, options, output, progress);
+    exchange.counts = Within(all, format.carried);
+    exchange.leftBack = all - exchange.counts;
+    return exchange;
+  }
   exchange.remarks = Run(module, format.exportFunction, path, document, chosen, output, progress);
   if (format.carried.design) AddExportRemarks(document, format, output.parts, exchange.remarks);
   std::error_code error;

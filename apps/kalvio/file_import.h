@@ -16,9 +16,10 @@ struct Exchange {
   std::vector<std::string> remarks;  ///< what the module said on the way
 };
 
-/// Reads `path` into the document; throws Failure when nothing came in.
+/// Reads `path` into the document; throws Failure when nothing came in. `makesPoints`: of the
+/// features of a Shape file, as known points.
 Exchange ImportFile(const Module& module, const std::string& path, HostDocument& document,
-                    const TextOptions& options, ProgressLine& progress);
+                    const TextOptions& options, ProgressLine& progress, bool makesPoints = false);
 
 /// Writes the document to `path`; throws Failure when the file was not written.
 Exchange ExportFile(const Module& module, const std::string& path, HostDocument& document,

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "cadastral_report.h"
 #include "console.h"
 #include "counts.h"
 #include "drawing_report.h"
@@ -11,6 +12,7 @@
 #include "services/number_text.h"
 #include "services/translate.h"
 #include "table.h"
+#include "theme_report.h"
 
 namespace {
 
@@ -177,6 +179,8 @@ void ReportJob(HostDocument& document, bool all) {
   ReportKnownGroups(*document.GetLibPnt(), all);
   ReportTerrain(*document.GetLibDtm(), all);
   ReportRoads(*document.GetLibRoad(), all);
+  if (!document.GetCts()->IsEmpty()) ReportCadastre(*document.GetCts());
+  ReportThemes(*document.GetLibGis(), all);
   ReportDrawing(*document.GetCadEngine(), all);
   console::Out(Text(Xlate("In all:")) + " " + InWords(CountsOf(document)) + "\n");
   ReportExtents(ExtentsOf(document));

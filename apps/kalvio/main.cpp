@@ -7,6 +7,7 @@
 #include "help.h"
 #include "host/cad/cad_files.h"
 #include "host/geodesy/lazy_geodesy.h"
+#include "host/gis/shape_files.h"
 #include "host/store/job_store.h"
 #include "pages.h"
 #include "services/translate.h"
@@ -35,6 +36,7 @@ int RunCommand(const Arguments& arguments) {
   if (name == "show") return RunShow(arguments);
   if (name == "terrain") return RunTerrain(arguments);
   if (name == "plot") return RunPlot(arguments);
+  if (name == "cadastral") return RunCadastral(arguments);
   return RunFormats();
 }
 
@@ -79,6 +81,7 @@ int main(int argc, char** argv) {
   std::setlocale(LC_ALL, "");
   LazyGeodesy::Install();
   CadFiles::Install();
+  ShapeFiles::Install();
   const int status = RunToStatus({argv + (argc > 0 ? 1 : 0), argv + argc});
   console::FinishOutput();  // what was said before a failure; the failure itself has been told
   return status;

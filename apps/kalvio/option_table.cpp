@@ -32,6 +32,12 @@ constexpr auto kOptions = std::to_array<OptionRow>({
      ToXlate("job folder or .json document, and files with observations or points"), kNoFallback,
      true},
     {"terrain", "--name", "N", ToXlate("what the terrain model is called"), kNoFallback},
+    {"cadastral", "JOB", "", ToXlate("job folder or .json document"), kNoFallback},
+    {"cadastral", "--set", "KEY=VALUE",
+     ToXlate("a value of the data, by its key in the job's JSON document: date=20112025, "
+             "parcels=64,65, contours=RC,101,103 (type, points), "
+             "fiducials=NAME,NORTH,EAST,RELIABILITY,DESCRIPTION"),
+     kNoFallback, true},
     {"plot", "JOB|FILE", "",
      ToXlate("job folder or .json document, and files with observations or points"), kNoFallback,
      true},
@@ -104,7 +110,7 @@ constexpr auto kOptions = std::to_array<OptionRow>({
      ToXlate("everything")},
     {"convert", "--job", "JOB", ToXlate("import into and export from this job"),
      ToXlate("a new one")},
-    {"compute terrain", "--save", "JOB", ToXlate("where the job is written"),
+    {"cadastral compute terrain", "--save", "JOB", ToXlate("where the job is written"),
      ToXlate("the job folder, if it is one")},
     {"convert", "--quiet", nullptr, ToXlate("no summary"), kNoFallback},
     {"convert", "--progress", "auto|always|never", ToXlate("show how far it has come"),
@@ -134,6 +140,7 @@ constexpr std::array kConvertExamples = {
     "kalvio convert rilievo.jb2 known.csv plan.csv",
     "kalvio convert --terrain --max-edge 50 points.csv ground.xml",
     "kalvio convert --select roads project.xml roads.xml",
+    "kalvio convert --job survey/ rilievo.jb2 libretto.dat",
 };
 constexpr std::array kComputeExamples = {
     "kalvio compute survey/ --report survey.txt",
@@ -144,6 +151,11 @@ constexpr std::array kTerrainExamples = {
     "kalvio terrain survey/ --name ground",
     "kalvio terrain survey/ --name ground --codes 'EDGE*,WALL' --max-edge 40",
     "kalvio terrain points.csv --name ground --save survey/",
+};
+constexpr std::array kCadastralExamples = {
+    "kalvio cadastral survey/",
+    "kalvio cadastral survey/ --set date=20112025 --set municipality=H223 --set parcels=64,65",
+    "kalvio cadastral survey/ --set contours=RC,101,102,103,101 --set contours=NC,102,104",
 };
 constexpr std::array kPlotExamples = {
     "kalvio plot survey/ plan.pdf",
@@ -195,6 +207,11 @@ constexpr auto kCommands = std::to_array<CommandRow>({
      ToXlate("Triangulates the points of a job that have plane coordinates and an elevation, with "
              "breaklines by their codes, and adds the terrain model to the job."),
      kTerrainExamples, kUsualStatuses, 1, kAny},
+    {"cadastral", "[OPTION]... JOB", ToXlate("Shows or changes the cadastral data of a job."),
+     ToXlate(
+         "Shows the cadastral data of a job and what a DAT file still needs, or changes them. A "
+         "job folder keeps the result."),
+     kCadastralExamples, kUsualStatuses, 1, 1},
     {"plot", "[OPTION]... JOB|FILE... OUTPUT", ToXlate("Draws the plan of a job as a picture."),
      ToXlate("Draws the plan of a job as an SVG, PDF or PNG picture: points with their names, "
              "terrain models with contours, roads, a grid, a scale bar."),

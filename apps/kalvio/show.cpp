@@ -6,6 +6,7 @@
 #include "job_report.h"
 #include "job_session.h"
 #include "text_preview.h"
+#include "theme_report.h"
 
 namespace {
 
@@ -38,6 +39,7 @@ int RunShow(const Arguments& arguments) {
       PreviewPoints(session.Document(), options, arguments.Has("--all"));
     }
     ReportJob(session.Document(), arguments.Has("--all"));
+    if (format != nullptr && format->extension == std::string_view("shp")) ReportEncoding();
   }
   return exit_status::kRan;
 }

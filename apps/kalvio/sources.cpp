@@ -23,6 +23,7 @@ void ReadFiles(const Sources& sources, HostDocument& document, const TextOptions
   if (sources.files.empty()) return;
   const Module module;
   for (const std::string& file : sources.files) {
-    TellRemarks(file, ImportFile(module, file, document, layout, progress).remarks);
+    TellRemarks(file,
+                ImportFile(module, file, document, layout, progress, /*makesPoints=*/true).remarks);
   }
 }

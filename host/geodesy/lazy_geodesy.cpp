@@ -56,3 +56,8 @@ const ICoordTransform* LazyGeodesy::TransformOf(const tdk::WString& crs) {
   IGeodesy* const engine = Engine();
   return engine == nullptr ? nullptr : engine->TransformOf(crs);
 }
+
+std::string LazyGeodesy::WktOf(const tdk::WString& crs) {
+  IGeodesy* const engine = Engine();
+  return engine == nullptr ? std::string() : engine->WktOf(crs);
+}

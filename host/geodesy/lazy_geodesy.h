@@ -16,6 +16,7 @@ class LazyGeodesy : public IGeodesy {
   bool ToGeographic(const Geocentric& from, Geographic& to) override;
   bool ToGeocentric(const Geographic& from, Geocentric& to) override;
   const ICoordTransform* TransformOf(const tdk::WString& crs) override;
+  std::string WktOf(const tdk::WString& crs) override;
 
   /// Makes one object of this class the geodesy of the process.
   static void Install();

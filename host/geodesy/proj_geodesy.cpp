@@ -106,6 +106,14 @@ class ProjGeodesy : public IGeodesy {
     return entry->second.get();
   }
 
+  std::string WktOf(const tdk::WString& crs) override {
+    const Object system(proj_create(context_.get(), crs.ToUtf8().c_str()));
+    const char* const options[] = {"MULTILINE=NO", nullptr};
+    const char* const wkt =
+        system ? proj_as_wkt(context_.get(), system.get(), PJ_WKT1_ESRI, options) : nullptr;
+    return wkt == nullptr ? std::string() : wkt;
+  }
+
  private:
   std::unique_ptr<PlaneTransform> Make(const std::string& name) const {
     const Object crs(proj_create(context_.get(), name.c_str()));

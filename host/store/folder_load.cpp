@@ -2,8 +2,10 @@
 #include <filesystem>
 
 #include "host/store/database.h"
+#include "host/store/folder_cadastre.h"
 #include "host/store/folder_design.h"
 #include "host/store/folder_drawing.h"
+#include "host/store/folder_gis.h"
 #include "host/store/folder_job.h"
 #include "host/store/folder_rows.h"
 #include "host/store/progress.h"
@@ -18,6 +20,7 @@ std::uint64_t CountRecordsIn(const Database& database) {
     tables.insert(tables.end(), {kVertexTable.name, kTriangleTable.name});
   }
   if (HoldsDrawing(database)) tables.push_back(kEntityTable.name);
+  if (HoldsTable(database, kThemeTable.name)) tables.push_back(kFeatureTable.name);
   for (const char* table : tables) {
     // Rows are numbered from 1, and the last number is found without counting.
     count += database.WholeOf(std::string("SELECT coalesce(max(rowid), 0) FROM ") + table);
@@ -39,6 +42,10 @@ class FolderReader {
     ReadKnownPoints();
     if (HoldsDesign(database_)) ReadDesign(database_, document_, progress_);
     if (HoldsDrawing(database_)) ReadDrawing(database_, *document_.GetCadEngine(), progress_);
+    if (HoldsTable(database_, kThemeTable.name)) {
+      ReadGis(database_, *document_.GetLibGis(), progress_);
+    }
+    ReadCadastre(database_, *document_.GetCts());
     ForEachRow(database_, kTargetsTable,
                [&](const auto& row, const RowParents&) { Store(row, document_); });
     ForEachRow(database_, kCurrentTable, [&](const auto& row, const RowParents&) { Select(row); });

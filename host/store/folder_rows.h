@@ -41,6 +41,7 @@ class RowCursor {
   /// Whether there is a row, and it belongs to the object of that position.
   bool IsOf(int parent) const { return !isAtEnd_ && rowParents_[0] == parent; }
   const Record& Row() const { return record_; }
+  const RowParents& Parents() const { return rowParents_; }
   void Next() {
     isAtEnd_ = !statement_.Step();
     if (isAtEnd_) return;

@@ -3,8 +3,10 @@
 
 #include "host/store/database.h"
 #include "host/store/file_trouble_catcher.h"
+#include "host/store/folder_cadastre.h"
 #include "host/store/folder_design.h"
 #include "host/store/folder_drawing.h"
+#include "host/store/folder_gis.h"
 #include "host/store/folder_job.h"
 #include "host/store/folder_rows.h"
 #include "host/store/progress.h"
@@ -36,6 +38,8 @@ class FolderWriter {
     WriteKnownPoints();
     WriteDesign(database_, document_, progress_);
     WriteDrawing(database_, *document_.GetCadEngine(), progress_);
+    WriteGis(database_, *document_.GetLibGis(), progress_);
+    WriteCadastre(database_, *document_.GetCts());
     Inserter(database_, kTargetsTable).Add(TargetsOf(document_));
     Inserter(database_, kCurrentTable).Add(CurrentOf(document_));
   }

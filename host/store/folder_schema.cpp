@@ -19,3 +19,8 @@ bool HoldsDesign(const Database& database) {
 bool HoldsDrawing(const Database& database) {
   return database.WholeOf("PRAGMA user_version") >= kVersionWithDrawing;
 }
+
+bool HoldsTable(const Database& database, const char* name) {
+  return database.WholeOf(std::string("SELECT count(*) FROM sqlite_schema WHERE name = '") + name +
+                          "'") != 0;
+}

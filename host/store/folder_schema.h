@@ -3,16 +3,18 @@
 
 #include <cstdint>
 
+#include "host/store/cadastre_records.h"
 #include "host/store/database.h"
 #include "host/store/drawing_records.h"
 #include "host/store/fields.h"
+#include "host/store/gis_records.h"
 #include "host/store/records.h"
 #include "host/store/road_records.h"
 #include "host/store/stored_table.h"
 
 /// Marks the file as ours ("KLVJ"), and the layout of its tables.
 inline constexpr std::int64_t kApplicationId = 0x4B4C564A;
-inline constexpr std::int64_t kSchemaVersion = 3;
+inline constexpr std::int64_t kSchemaVersion = 4;
 /// The first layout with terrain and roads.
 inline constexpr std::int64_t kVersionWithDesign = 2;
 /// The first layout with a drawing.
@@ -25,6 +27,8 @@ bool HoldsJob(const Database& database);
 bool HoldsDesign(const Database& database);
 /// The same of a drawing.
 bool HoldsDrawing(const Database& database);
+/// Whether the job was written with a table of that name.
+bool HoldsTable(const Database& database, const char* name);
 
 inline constexpr std::array<std::string_view, 2> kOfStation = {"parent_job", "parent_station"};
 inline constexpr Parents kOfJob = std::span(kOfStation).first(1);
@@ -35,6 +39,10 @@ inline constexpr std::array<std::string_view, kMostParents> kOfLine = {
     "parent_road", "parent_section", "parent_line"};
 inline constexpr Parents kOfRoad = std::span(kOfLine).first(1);
 inline constexpr Parents kOfSection = std::span(kOfLine).first(2);
+
+inline constexpr std::array<std::string_view, kMostParents> kOfPart = {
+    "parent_theme", "parent_feature", "parent_part"};
+inline constexpr Parents kOfTheme = std::span(kOfPart).first(1);
 
 inline constexpr std::array<std::string_view, 1> kOfBlock = {"parent_block"};
 inline constexpr std::array<std::string_view, 1> kOfEntity = {"parent_entity"};
@@ -151,6 +159,49 @@ inline constexpr StoredTable<EntityPointRecord> kEntityPointTable{"drawing_point
 inline constexpr StoredTable<AttributeRecord> kAttributeTable{"drawing_insert_attributes",
                                                               kOfEntity};
 
+struct FeatureVertexRecord {
+  std::array<double, 3> place{};
+  double measure = UndefinedValue;
+
+  static constexpr auto Fields() {
+    using R = FeatureVertexRecord;
+    return std::tuple{Field{"place", &R::place, kAxes}, Field{"measure", &R::measure}};
+  }
+};
+
+inline constexpr StoredTable<StoredThemeRecord> kThemeTable{"gis_themes"};
+inline constexpr StoredTable<GisFieldRecord> kThemeFieldTable{"gis_fields", kOfTheme};
+inline constexpr StoredTable<FeatureRecord> kFeatureTable{"gis_features", kOfTheme};
+inline constexpr StoredTable<FeatureVertexRecord> kFeatureVertexTable{"gis_vertices", kOfPart};
+
+/// The name of a point or parcel.
+struct NameRecord {
+  std::string name;
+
+  static constexpr auto Fields() { return std::tuple{Field{"name", &NameRecord::name}}; }
+};
+
+struct TraverseRecord {
+  int vertices = 0;
+
+  static constexpr auto Fields() {
+    return std::tuple{Field{"vertices", &TraverseRecord::vertices}};
+  }
+};
+
+inline constexpr std::array<std::string_view, 1> kOfTraverse = {"parent_traverse"};
+inline constexpr std::array<std::string_view, 1> kOfContourLine = {"parent_contour"};
+
+inline constexpr StoredTable<CadastreRecord> kCadastreTable{"cadastre"};
+inline constexpr StoredTable<NameRecord> kParcelTable{"cadastre_parcels"};
+inline constexpr StoredTable<TraverseRecord> kTraverseTable{"cadastre_traverses"};
+inline constexpr StoredTable<NameRecord> kTraverseVertexTable{"cadastre_traverse_vertices",
+                                                              kOfTraverse};
+inline constexpr StoredTable<ContourLineRecord> kContourLineTable{"cadastre_contours"};
+inline constexpr StoredTable<NameRecord> kContourVertexTable{"cadastre_contour_vertices",
+                                                             kOfContourLine};
+inline constexpr StoredTable<FiducialRecord> kFiducialTable{"cadastre_fiducials"};
+
 /// Calls `visit` with each table.
 template <class Visit>
 void ForEachTable(Visit visit) {
@@ -183,4 +234,15 @@ void ForEachTable(Visit visit) {
   visit(kEntityTable);
   visit(kEntityPointTable);
   visit(kAttributeTable);
+  visit(kThemeTable);
+  visit(kThemeFieldTable);
+  visit(kFeatureTable);
+  visit(kFeatureVertexTable);
+  visit(kCadastreTable);
+  visit(kParcelTable);
+  visit(kTraverseTable);
+  visit(kTraverseVertexTable);
+  visit(kContourLineTable);
+  visit(kContourVertexTable);
+  visit(kFiducialTable);
 }

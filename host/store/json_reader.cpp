@@ -71,8 +71,8 @@ struct JsonJobReader::Levels {
       {"settings", Form::kObject, nullptr, nullptr, nullptr, kSection},
       {"terrain", kList, &R::Select<&R::terrain_>, &R::BeginModel, &R::EndModel, kModel},
       {"roads", kList, &R::Select<&R::road_>, &R::BeginRoad, &R::EndRoad, kRoad},
-      {"gis", Form::kNotHeld},
-      {"cadastral", Form::kNotHeld},
+      {"gis", Form::kObject, nullptr, nullptr, nullptr, kGis},
+      {"cadastral", Form::kObject, &R::Select<&R::cadastre_>, nullptr, &R::EndCadastre, kCadastre},
       {"drawing", Form::kObject, nullptr, nullptr, nullptr, kDrawing}};
 
   static constexpr Level kDocument = {"",      Form::kObject,   nullptr,
@@ -139,7 +139,8 @@ bool JsonJobReader::Open(bool isList) {
   place_.Enter(isList);
   levels_.push_back(level);
   part_ = 0;
-  if (isList == IsOfLists(level->form) && level->begin != nullptr) (this->*level->begin)();
+  const bool isWhole = isList == (IsOfLists(level->form) || IsOfPlain(level->form));
+  if (isWhole && level->begin != nullptr) (this->*level->begin)();
   return true;
 }
 
@@ -150,7 +151,7 @@ const JsonJobReader::Level* JsonJobReader::LevelOf(bool isList) {
   if (!place_.InList()) return LevelOfMember(isList);
   const Form form = levels_.back()->form;
   if (form == Form::kListOfLists) return isList ? &levels_.back()->below.front() : nullptr;
-  if (form == Form::kRow || form == Form::kNumbers) return nullptr;
+  if (form == Form::kRow || IsOfPlain(form)) return nullptr;
   return isList || levels_.back() == &Levels::kParts ? nullptr : levels_.back();
 }
 
@@ -208,6 +209,10 @@ std::string JsonJobReader::PutListed(const JsonValue& value) {
       return PutNumber(value);
     case Form::kNumbers:
       return PutLoneNumber(value);
+    case Form::kValues:
+      return PutLoneValue(value);
+    case Form::kTexts:
+      return PutLoneText(value);
     case Form::kListOfLists:
       return "a list";
     default:
@@ -235,6 +240,18 @@ std::string JsonJobReader::PutNumber(const JsonValue& value) {
 
 std::string JsonJobReader::PutLoneNumber(const JsonValue& value) {
   std::string expected = Put(value, row_[0]);
+  if (expected.empty()) (this->*levels_.back()->end)();
+  return expected;
+}
+
+std::string JsonJobReader::PutLoneValue(const JsonValue& value) {
+  loneValue_ = value;
+  (this->*levels_.back()->end)();
+  return {};
+}
+
+std::string JsonJobReader::PutLoneText(const JsonValue& value) {
+  std::string expected = Put(value, text_);
   if (expected.empty()) (this->*levels_.back()->end)();
   return expected;
 }
@@ -281,7 +298,7 @@ bool JsonJobReader::end_array() {
   levels_.pop_back();
   place_.Leave();
   if (&level == &Levels::kParts) RequireAllParts();
-  if (level.form == Form::kRow && part_ != level.columns) {
+  if (level.form == Form::kRow && part_ < (level.least == 0 ? level.columns : level.least)) {
     Fail("expected " + ExpectedParts(level.columns));
   }
   if (IsOfLists(level.form) && level.end != nullptr) (this->*level.end)();

@@ -10,7 +10,9 @@
 #include <variant>
 #include <vector>
 
+#include "host/store/cadastre_records.h"
 #include "host/store/drawing_builder.h"
+#include "host/store/gis_records.h"
 #include "host/store/json_place.h"
 #include "host/store/json_values.h"
 #include "host/store/progress.h"
@@ -55,11 +57,20 @@ class JsonJobReader {
                    std::uint32_t*, std::uint64_t*, std::int32_t*, GeocentricRecord*, PlaceRecord*,
                    CovarianceRecord*, std::array<std::string, 4>*, std::array<int, 2>*, Setting*>;
 
-  // A row is a list of a certain number of numbers.
-  enum class Form { kObject, kListOfObjects, kListOfLists, kRow, kNumbers, kNotHeld };
+  // A row is a list of a certain number of numbers; values are plain ones of any kind.
+  enum class Form {
+    kObject,
+    kListOfObjects,
+    kListOfLists,
+    kRow,
+    kNumbers,
+    kTexts,
+    kValues,
+    kNotHeld
+  };
   // One kind of object in the document: where it stands in the object above, what it holds, what it
   // leads to. `begin` and `end` are of each object; of a list of lists and of a row, of the list;
-  // of numbers, `end` is of each of them.
+  // of numbers, texts and values, `begin` is of the list and `end` of each of them.
   struct Level {
     std::string_view key = {};  // in the object above; empty: any
     Form form = Form::kObject;
@@ -68,10 +79,15 @@ class JsonJobReader {
     void (JsonJobReader::*end)() = nullptr;
     std::span<const Level> below = {};
     std::size_t columns = 0;  // of a row
+    std::size_t least = 0;    // so many of them must be there; 0: all
   };
   struct Levels;
   struct DrawingLevels;
+  struct CadastreLevels;
+  struct GisLevels;
   static const Level kDrawing[3];
+  static const Level kCadastre[4];
+  static const Level kGis[1];
 
   bool TakeValue(const JsonValue& value);
   bool Open(bool isList);
@@ -80,6 +96,9 @@ class JsonJobReader {
   static const Level* Below(const Level& level, std::string_view key);
   static bool IsListForm(Form form) { return form != Form::kObject; }
   static bool IsOfLists(Form form) { return form == Form::kListOfLists || form == Form::kRow; }
+  static bool IsOfPlain(Form form) {
+    return form == Form::kNumbers || form == Form::kTexts || form == Form::kValues;
+  }
   void RequireHeld() const;
 
   std::string PutMember(const JsonValue& value);
@@ -87,6 +106,8 @@ class JsonJobReader {
   std::string PutListed(const JsonValue& value);
   std::string PutNumber(const JsonValue& value);
   std::string PutLoneNumber(const JsonValue& value);
+  std::string PutLoneValue(const JsonValue& value);
+  std::string PutLoneText(const JsonValue& value);
   std::string PutSetting(const JsonValue& value);
   void RequireAllParts() const;
 
@@ -104,6 +125,7 @@ class JsonJobReader {
   Slot SelectSetting(std::string_view key);
   Slot SelectEntity(std::string_view key);
   Slot SelectAttribute(std::string_view key);
+  Slot SelectTheme(std::string_view key);
 
   template <class Object>
   Object* Added(Object* object) const {
@@ -163,6 +185,25 @@ class JsonJobReader {
   void EndBulge() { entity_.bulges.push_back(row_[0]); }
   cad::Entity MadeEntity();
   void FinishDrawing();
+  void BeginTheme() { themes_ = {}; }
+  void EndTheme();
+  void BeginThemeField() { themeField_ = {}; }
+  void EndThemeField() { themes_.fields.push_back(themeField_); }
+  void BeginFeature() { themes_.AddFeature(); }
+  void EndFeature() { CountPoint(); }
+  void BeginThemePart() { themes_.AddPart(); }
+  void EndThemeVertex();
+  void EndThemeValue() { themes_.AddValue(loneValue_); }
+  void EndParcel() { Cadastre().parcels.push_back(text_); }
+  void BeginTraverse() { Cadastre().traverses.emplace_back(); }
+  void EndTraverseVertex() { Cadastre().traverses.back().push_back(text_); }
+  void BeginContourLine();
+  void EndContourLine() { Cadastre().contours.back().type = contourLine_.type; }
+  void EndContourLineVertex() { Cadastre().contours.back().points.push_back(text_); }
+  void BeginFiducial() { fiducial_ = {}; }
+  void EndFiducial() { Cadastre().fiducials.push_back(fiducial_); }
+  void EndCadastre() { Cadastre().heading = cadastre_; }
+  cadastre::Survey& Cadastre() { return document_.GetCts()->Survey(); }
   void BeginSection() { setting_.section = place_.KeyAbove(); }
   void EndDocument();
   void CountPoint();
@@ -191,7 +232,8 @@ class JsonJobReader {
   Setting setting_;
   CSta* openStation_ = nullptr;
 
-  std::array<double, 3> row_{};  // the first part_ of them
+  std::array<double, 4> row_{};  // the first part_ of them
+  JsonValue loneValue_;          // of a list of values
   TerrainRecord terrain_;
   RoadRecord road_;
   ElementRecord element_;
@@ -207,6 +249,13 @@ class JsonJobReader {
   CRoad* openRoad_ = nullptr;
   CProfile* openSection_ = nullptr;
   CProfileAlti* openLine_ = nullptr;
+
+  ThemeBuilder themes_;  // the open one
+  GisFieldRecord themeField_;
+  std::string text_;  // of a list of texts
+  CadastreRecord cadastre_;
+  ContourLineRecord contourLine_;
+  FiducialRecord fiducial_;
 
   DrawingBuilder drawing_{*document_.GetCadEngine()};
   LayerRecord layer_;

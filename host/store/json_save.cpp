@@ -4,8 +4,10 @@
 #include <optional>
 
 #include "host/store/file_trouble_catcher.h"
+#include "host/store/json_cadastre_writer.h"
 #include "host/store/json_design_writer.h"
 #include "host/store/json_drawing_writer.h"
+#include "host/store/json_gis_writer.h"
 #include "host/store/json_writer.h"
 #include "host/store/progress.h"
 #include "host/store/records.h"
@@ -44,6 +46,8 @@ class JobWriter {
                 [&](int i) { return controls.GetOriAt(i); });
     WriteCurrent();
     JsonDesignWriter(json_, progress_).Write(document_);
+    JsonGisWriter(json_, progress_, *document_.GetLibGis()).Write();
+    WriteCadastreJson(json_, *document_.GetCts());
     json_.NextMember("targets");
     json_.BeginObject();
     json_.WriteMembers(TargetsOf(document_));

@@ -101,6 +101,12 @@ class JsonWriter {
     text_.append(more).append(1, '}');
     if (text_.size() >= kPieceSize) Flush();
   }
+  /// An element that is JSON already, on a line of its own.
+  void WriteRawElement(std::string_view value) {
+    NextElement();
+    text_ += value;
+    if (text_.size() >= kPieceSize) Flush();
+  }
   /// A list of numbers on a line of its own.
   template <class Number, std::size_t size>
   void WriteRow(const std::array<Number, size>& row) {

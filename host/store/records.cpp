@@ -248,5 +248,7 @@ std::uint64_t CountRecords(HostDocument& document) {
     add(triangulation.GetNoTriVrts());
     add(triangulation.GetNoTris());
   }
+  const gis::CLibGis& themes = *document.GetLibGis();
+  for (int i = 0; i < themes.GetNumThemes(); ++i) add(themes.GetTheme(i)->GetNumFeatures());
   return count + CountStored(*document.GetCadEngine());
 }

@@ -219,6 +219,6 @@ void Store(const TargetsRecord& record, HostDocument& document);
 bool SelectStation(const std::array<int, 2>& indices, HostDocument& document);
 bool SelectGpsGroup(int index, HostDocument& document);
 
-/// How many points of all kinds, control records, vertices and triangles of terrain and entities of
-/// the drawing included, the document holds: what takes the time when it is written.
+/// How many points of all kinds, control records, vertices and triangles of terrain, features
+/// of themes and entities of the drawing included, the document holds: what takes the time when it is written.
 std::uint64_t CountRecords(HostDocument& document);

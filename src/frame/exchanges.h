@@ -23,6 +23,15 @@ int ExportText(CWnd* parent, ExchangeContext& document, bool isText);
 
 int ExportLandXml(CWnd* parent, ExchangeContext& document);
 
+/// Themes of the GIS library as Shape files.
+int ExportShape(CWnd* parent, gis::CLibGis& library);
+/// `link` receives the points that are created, and may be null. The outcome is told by message
+/// alone.
+void ImportShape(CWnd* parent, gis::CLibGis& library, gis::ILinkImportedEnt* link);
+
+/// The land agency's text of a cadastral survey.
+int ExportDat(CWnd* parent, ExchangeContext& document);
+
 /// DXF and DWG.
 int ImportDrawing(CWnd* parent, ExchangeContext& document);
 int ExportDrawing(CWnd* parent, ExchangeContext& document);

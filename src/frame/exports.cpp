@@ -1,19 +1,9 @@
 #include "frame/exports.h"
 
 #include "frame/exchanges.h"
-#include "frame/file_exchange.h"
 #include "frame/guard.h"
 
 using frame::Guarded;
-
-namespace {
-
-int NotBuiltYet(CWnd* parent, const void* needed, const char* format) {
-  return Guarded(
-      parent, [&] { return frame::TellNotBuiltYet(parent, format); }, needed);
-}
-
-}  // namespace
 
 int FImportImageFile(CWnd* parent, tdk::WString& path, int /*unused*/) {
   return Guarded(
@@ -80,16 +70,22 @@ int FExportDXFDWGFile(CWnd* parent, ExchangeContext* document, int /*unused*/) {
 }
 
 int FExportDATFile(CWnd* parent, ExchangeContext* document, int /*unused*/) {
-  return NotBuiltYet(parent, document, "DAT");
+  return Guarded(
+      parent, [&] { return frame::ExportDat(parent, *document); }, document);
 }
 
 int FExportEntInFileShape(CWnd* parent, gis::CLibGis* gis) {
-  return NotBuiltYet(parent, gis, "Shape");
+  return Guarded(
+      parent, [&] { return frame::ExportShape(parent, *gis); }, gis);
 }
 
-bool FImportEntFromFileShape(CWnd* parent, gis::CLibGis* gis, gis::ILinkImportedEnt* /*link*/,
+bool FImportEntFromFileShape(CWnd* parent, gis::CLibGis* gis, gis::ILinkImportedEnt* link,
                              bool /*unused*/) {
-  return NotBuiltYet(parent, gis, "Shape") != 0;
+  const auto import = [&] {
+    frame::ImportShape(parent, *gis, link);
+    return 1;
+  };
+  return Guarded(parent, import, gis) != 0;
 }
 
 void DummyVexa4modExport() {}

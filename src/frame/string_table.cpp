@@ -8,7 +8,18 @@ namespace frame {
 
 std::span<const tdk::StringEntry> StringTable() {
   static constexpr std::array kTable = std::to_array<tdk::StringEntry>({
-      {kTextNotBuiltYet, ToXlate("{1} files cannot be exchanged by this version yet.")},
+      {kTextWarning, ToXlate("Warning")},
+      {kTextShapeFile, ToXlate("Shape file")},
+      {kTextShapeImported, ToXlate("File imported successfully")},
+      {kTextShapeTableRenamed, ToXlate("The table has been renamed in \"{1}\"")},
+      {kTextShapeNotFound, ToXlate("Impossible to read data\r\nFile {1} not found")},
+      {kTextShapeInconsistent,
+       ToXlate("Unable to read file!\r\nThe file contains inconsistent data")},
+      {kTextShapeTablePresent,
+       ToXlate("Impossible to read data!\r\nTable already present in the GIS data.")},
+      // Italian at its beginning, as it has always been.
+      {kTextShapeThemePresent,
+       ToXlate("Impossibile leggere i dati!\r\nTheme already present in the GIS data.")},
       {kTextError, ToXlate("Error !")},
       // Versions of drawing files.
       {1801, ToXlate("DWG AutoCAD 2000(*.DWG)")},

@@ -8,6 +8,7 @@ IGeodesy* current = nullptr;
 
 ICoordTransform::~ICoordTransform() = default;
 IGeodesy::~IGeodesy() = default;
+std::string IGeodesy::WktOf(const tdk::WString& /*crs*/) { return {}; }
 
 IGeodesy* IGeodesy::Current() { return current; }
 void IGeodesy::SetCurrent(IGeodesy* geodesy) { current = geodesy; }

@@ -1,6 +1,8 @@
 // What the GPS side of the model asks of the host's geodesy.
 #pragma once
 
+#include <string>
+
 #include "model/undefined.h"
 #include "tdk/wstring.h"
 
@@ -50,6 +52,9 @@ class IGeodesy {
   /// The transformation of a plane reference system named AUTHORITY:CODE; it lives as long as this
   /// object. Null when there is no such system or it is none of plane coordinates.
   virtual const ICoordTransform* TransformOf(const tdk::WString& crs) = 0;
+  /// The reference system named AUTHORITY:CODE as the text of a ".prj" file (WKT 1 as GIS programs
+  /// write it); empty when the host cannot say.
+  virtual std::string WktOf(const tdk::WString& crs);
 
   /// The geodesy of this process; null when there is none. Not owned.
   static IGeodesy* Current();

@@ -51,6 +51,9 @@ CTable* CLibGis::FindTable(const tdk::WString& name) const { return Find(tables_
 CTable* CLibGis::AddTable(std::unique_ptr<CTable> table, bool /*notify*/) {
   return Take(tables_, std::move(table), MayAdd(AddedKind::kGisTable, tables_.size()));
 }
+void CLibGis::RemoveTheme(const CTheme* theme) {
+  std::erase_if(themes_, [theme](const auto& each) { return each.get() == theme; });
+}
 void CLibGis::RemoveTable(const CTable* table) {
   std::erase_if(tables_, [table](const auto& each) { return each.get() == table; });
 }

@@ -33,6 +33,8 @@ class CLibGis : public LibraryBase, public TargetDrawingHolder {
   CTable* FindTable(const tdk::WString& name) const;
   /// Takes a table in. Null, with the table gone, when its name is taken or the host refuses.
   CTable* AddTable(std::unique_ptr<CTable> table, bool notify);
+  /// Takes a theme out again; its table stays.
+  void RemoveTheme(const CTheme* theme);
   /// Takes a table out again that no theme has.
   void RemoveTable(const CTable* table);
 

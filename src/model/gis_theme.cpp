@@ -44,6 +44,11 @@ void CTheme::AddVertex(const Vertex& vertex) {
   ++partEnds_.back();
 }
 
+void CTheme::DropMeasures() {
+  hasMeasures_ = false;
+  std::vector<double>().swap(m_);
+}
+
 void CTheme::Reserve(std::size_t features, std::size_t parts, std::size_t vertices) {
   featureEnds_.reserve(features);
   partEnds_.reserve(parts);

@@ -55,6 +55,8 @@ class CTheme {
 
   int GetNumFeatures() const { return static_cast<int>(featureEnds_.size()); }
   std::size_t GetNumVertices() const { return x_.size(); }
+  /// Of all features together.
+  std::size_t GetNumAllParts() const { return partEnds_.size(); }
   int GetNumParts(int feature) const;
   /// `feature` and `part` must be ones that there are.
   VertexRange GetPart(int feature, int part) const;
@@ -69,6 +71,8 @@ class CTheme {
   void AddPart();
   /// To the part added last. A height in 2D, and a measure where there are none, is left out.
   void AddVertex(const Vertex& vertex);
+  /// Makes it a theme without measures.
+  void DropMeasures();
   /// For those who know beforehand how many will come.
   void Reserve(std::size_t features, std::size_t parts, std::size_t vertices);
 

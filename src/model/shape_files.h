@@ -2,6 +2,7 @@
 // Paths may have backslashes.
 #pragma once
 
+#include <string>
 #include <vector>
 
 #include "model/gis.h"
@@ -26,10 +27,10 @@ enum ShapeCoordinates { kShapeAsTheme = 0, kShape2D = 1, kShape3D = 2 };
 /// What came of an import or export.
 struct ShapeOutcome {
   bool isDone = false;
-  int result = 0;     ///< import: a ShapeResult; export: the bits that failed
-  tdk::WString name;  ///< import: the file or table that the result is about
-  std::vector<tdk::WString>
-      notes;  ///< what was read or written otherwise than it stands: a line each
+  int result = 0;        ///< import: a ShapeResult; export: the bits that failed
+  tdk::WString name;     ///< import: the file or table that the result is about
+  std::string encoding;  ///< import: what the texts of the table are in; empty: nothing tells it
+  std::vector<tdk::WString> notes;  ///< what was changed on the way: a line each
 };
 
 struct ShapeImport {

@@ -43,4 +43,14 @@ std::size_t InputFile::Read(char* bytes, std::size_t size) {
   }
 }
 
+std::size_t InputFile::ReadAt(std::uint64_t position, char* bytes, std::size_t size) {
+  for (;;) {
+    const ssize_t got = pread(file_, bytes, size, static_cast<off_t>(position));
+    if (got >= 0) return static_cast<std::size_t>(got);
+    if (errno == EINTR) continue;
+    ReportFileTrouble(FileTrouble::Action::kRead, path_, errno);
+    return 0;
+  }
+}
+
 }  // namespace platform

@@ -23,6 +23,9 @@ class InputFile {
   /// Reads at most `size` bytes; 0 at the end of the file and at a read error, which is reported.
   std::size_t Read(char* bytes, std::size_t size);
 
+  /// The same from a place in the file; for files that have a size.
+  std::size_t ReadAt(std::uint64_t position, char* bytes, std::size_t size);
+
   /// Size of the file; 0 when it has none, as a pipe.
   std::uint64_t Size() const { return size_; }
 

@@ -185,16 +185,30 @@ void AppendWhole(std::string& text, std::int64_t value) {
   if (error == std::errc()) text.append(buffer.data(), end);
 }
 
-double ParseDecimalPrefix(std::string_view text, double beyondRange) {
-  SkipBlanks(text);
-  const DecimalScan scan = DecimalScanner(text).Scan();
-  if (scan.length == 0) return 0;
+namespace {
+
+double ValueOf(std::string_view text, const DecimalScan& scan, double beyondRange) {
   // A mantissa and a power of ten that a double holds exactly: one division, correctly rounded.
   if (scan.plain && scan.digits <= kMantissaDigits && scan.mantissa <= kLargestExactMantissa) {
     const double value = static_cast<double>(scan.mantissa) / kExactPowers[scan.decimals];
     return scan.negative ? -value : value;
   }
   return ConvertByLibrary(text.substr(0, scan.length), beyondRange);
+}
+
+}  // namespace
+
+double ParseDecimalPrefix(std::string_view text, double beyondRange) {
+  SkipBlanks(text);
+  const DecimalScan scan = DecimalScanner(text).Scan();
+  return scan.length == 0 ? 0 : ValueOf(text, scan, beyondRange);
+}
+
+std::optional<double> ParseDecimal(std::string_view text) {
+  const DecimalScan scan = DecimalScanner(text).Scan();
+  if (scan.length == 0 || scan.length != text.size()) return std::nullopt;
+  const double value = ValueOf(text, scan, std::numeric_limits<double>::infinity());
+  return std::isfinite(value) ? std::optional(value) : std::nullopt;
 }
 
 std::optional<std::int64_t> ParseWholePrefix(std::string_view text) {

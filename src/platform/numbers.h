@@ -22,6 +22,10 @@ void AppendWhole(std::string& text, std::int64_t value);
 /// whatever the sign; too small: 0. "inf", "nan" and hexadecimal are no numbers.
 double ParseDecimalPrefix(std::string_view text, double beyondRange);
 
+/// The whole text as a decimal number with "." or "," as decimal separator, nothing else around it.
+/// Nothing when it is none, or too large for a double.
+std::optional<double> ParseDecimal(std::string_view text);
+
 /// The longest prefix that is a whole number (sign, digits), after leading blanks; held within the
 /// range of the type. Nothing when there is none.
 std::optional<std::int64_t> ParseWholePrefix(std::string_view text);

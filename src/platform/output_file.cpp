@@ -106,11 +106,32 @@ void OutputFile::Flush() {
   buffer_.clear();
 }
 
-bool OutputFile::Commit() {
+void OutputFile::Rewrite(std::uint64_t position, std::string_view bytes) {
+  Flush();
+  while (IsOpen() && !failed_ && !bytes.empty()) {
+    const ssize_t written = pwrite(file_, bytes.data(), bytes.size(), static_cast<off_t>(position));
+    if (written < 0 && errno == EINTR) continue;
+    if (written < 0) {
+      Fail(FileTrouble::Action::kWrite, errno);
+      return;
+    }
+    position += static_cast<std::uint64_t>(written);
+    bytes.remove_prefix(static_cast<std::size_t>(written));
+  }
+}
+
+bool OutputFile::Commit() { return Complete() && Place(); }
+
+bool OutputFile::Complete() {
   if (!IsOpen()) return false;
   Flush();
   // The close may be the first to say that the disk is full.
   if (close(std::exchange(file_, -1)) != 0) Fail(FileTrouble::Action::kWrite, errno);
+  if (failed_) Discard();
+  return !failed_;
+}
+
+bool OutputFile::Place() {
   if (!failed_ && !temporary_.empty()) {
     if (std::rename(temporary_.c_str(), target_.c_str()) == 0) {
       temporary_.clear();

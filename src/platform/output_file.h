@@ -1,6 +1,7 @@
 // Files written whole or not at all.
 #pragma once
 
+#include <cstdint>
 #include <string>
 #include <string_view>
 
@@ -32,8 +33,19 @@ class OutputFile {
   }
   void Flush();
 
+  /// Writes over bytes that were written before: a header whose counts are known at the end.
+  void Rewrite(std::uint64_t position, std::string_view bytes);
+
   /// Completes the file. False, with the old file untouched, when anything could not be written.
   bool Commit();
+
+  // Commit in two steps, for files that belong together (output_set.h).
+  /// Writes out all of it. False, with nothing left of it, when anything could not be written.
+  bool Complete();
+  /// Takes the target's place. False, with the old file untouched, when that fails.
+  bool Place();
+  /// What it replaces, once it is open.
+  const std::string& Target() const { return target_; }
 
  private:
   static constexpr std::size_t kFlushSize = 256 * 1024;

@@ -19,8 +19,9 @@ std::optional<int> JobFolderDialog::Press(std::string_view button) {
   return button == "OK" ? kOk : kCancel;
 }
 
-std::optional<tdk::WString> AskForJobFolder(CWnd* parent, const tdk::WString& folder) {
+bool DlgSelectJobFolder(ICloudManager* /*cloud*/, CWnd* parent, tdk::WString& folder) {
   JobFolderDialog dialog(folder);
-  if (ShowDialog(parent, dialog) != Dialog::kOk) return std::nullopt;
-  return dialog.Folder();
+  if (ShowDialog(parent, dialog) != Dialog::kOk) return false;
+  folder = dialog.Folder();
+  return true;
 }

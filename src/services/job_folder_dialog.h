@@ -3,6 +3,7 @@
 
 #include <optional>
 
+#include "services/cloud.h"
 #include "services/dialog.h"
 
 /// Scripts know it as "job-folder", with the key folder.
@@ -22,5 +23,6 @@ class JobFolderDialog : public Dialog {
   tdk::WString folder_;
 };
 
-/// The chosen folder, nothing on cancel; `folder` is shown at first.
-std::optional<tdk::WString> AskForJobFolder(CWnd* parent, const tdk::WString& folder);
+/// Lets the user choose; `folder` is shown at first and holds the chosen one after true. The
+/// manager is for hosts that keep jobs elsewhere.
+bool DlgSelectJobFolder(ICloudManager* cloud, CWnd* parent, tdk::WString& folder);

@@ -34,12 +34,17 @@ class HostViews {
   virtual void TakeNote(const ExchangeNote& note);
 };
 
+class CWnd;
+/// A window's handle. In this host a window is its own.
+using HWND = CWnd*;
+
 /// The parent window of an exchange.
 class CWnd {
  public:
   /// `views` is not owned and may be null: then nothing is shown and every dialog is cancelled.
   explicit CWnd(HostViews* views) : views_(views) {}
   HostViews* GetViews() const { return views_; }
+  HWND GetSafeHwnd() { return this; }
 
  private:
   HostViews* views_;

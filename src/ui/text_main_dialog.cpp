@@ -137,7 +137,10 @@ DialogSet CDlgImpExpFileTxtCsv::SetUnit(const DialogState& value) {
 std::optional<int> CDlgImpExpFileTxtCsv::Press(std::string_view button) {
   if (button == "OK") return Confirm();
   if (button != "Change") return kCancel;
-  if (const auto folder = AskForJobFolder(parent_, folder_)) SetFolder(folder->ToUtf8());
+  tdk::WString folder = folder_;
+  if (DlgSelectJobFolder(CCloudManager::GetInstance(), parent_, folder)) {
+    SetFolder(folder.ToUtf8());
+  }
   return std::nullopt;
 }
 

@@ -73,6 +73,17 @@ void DrawingBinding::BindLibraries() {
   Bind(document_.GetLibProfile());
 }
 
+void DrawingBinding::BindThemes(gis::CLibGis& library) {
+  for (int i = 0; i < library.GetNumThemes(); ++i) {
+    gis::CTheme* const theme = library.GetTheme(i);
+    const int drawing = library.GetThemeTargetDrawing(theme);
+    restore_.emplace_back(
+        [&library, theme, drawing] { library.SetThemeTargetDrawing(theme, drawing); });
+    library.SetThemeTargetDrawing(theme,
+                                  CompatibleDrawing(*document_.GetCadEngine(), drawing, engine_));
+  }
+}
+
 void DrawingBinding::BindObjects() {
   if (const CLibCmp* const jobs = document_.GetLibCmp()) {
     for (int i = 0; i < jobs->GetJobArSize(); ++i) Bind(jobs->GetJobAt(i));
@@ -86,6 +97,7 @@ void DrawingBinding::BindObjects() {
   if (const CLibRoad* const roads = document_.GetLibRoad()) {
     for (int i = 0; i < roads->GetRoadArSize(); ++i) Bind(roads->GetRoadAt(i));
   }
+  if (gis::CLibGis* const themes = document_.GetLibGis()) BindThemes(*themes);
 }
 
 }  // namespace cad

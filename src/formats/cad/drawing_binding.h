@@ -14,8 +14,8 @@ namespace cad {
 /// drawing 0.
 int CompatibleDrawing(const CTcadEng& source, int drawing, CTcadEng& engine);
 
-/// Binds every library, job, group and road to drawings of another engine, and back again at its
-/// end.
+/// Binds every library, job, group, road and theme to drawings of another engine, and back again at
+/// its end.
 class DrawingBinding {
  public:
   /// `document` with the engine that its data is bound to now; nothing is owned.
@@ -29,6 +29,7 @@ class DrawingBinding {
   void Bind(Object* object);
   void BindLibraries();
   void BindObjects();
+  void BindThemes(gis::CLibGis& library);
 
   ExchangeContext& document_;
   CTcadEng& engine_;

@@ -262,13 +262,3 @@ void CDisLibProfile::AddAllProfiles() {
     sheet.Draw(*roads_->GetRoadAt(i), target);
   }
 }
-
-CDisLibGis::CDisLibGis(CTcadEng* engine, CDocSymbolManager* /*symbols*/, gis::CLibGis* /*library*/,
-                       bool /*all*/)
-    : engine_(engine) {}
-
-void CDisLibGis::RiCreaTutto() {}
-
-void CDisLibGis::AnnullaTutto() {
-  engine_->RemoveIf([](const cad::Entity& entity) { return entity.origin == cad::Origin::kGis; });
-}

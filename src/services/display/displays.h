@@ -74,12 +74,16 @@ class CDisLibPnt : public PointDisplay {
   CLibPnt* library_;
 };
 
-/// Cadastral data, which hold no points yet.
+/// The fiducial points of a cadastral survey. What its contours join are points of the other
+/// libraries.
 class CDisCts : public PointDisplay {
  public:
   CDisCts(CTcadEng* engine, CDocSymbolManager* symbols, CCts* cadastre);
   void CreaTutto(bool explode);
   void DelTutto() { DeleteAll(); }
+
+ private:
+  CCts* cadastre_;
 };
 
 /// Terrain models: triangles as faces, breaklines and contours as polylines in space.
@@ -117,15 +121,17 @@ class CDisLibProfile {
   CLibRoad* roads_;
 };
 
-/// GIS themes, which hold no geometry yet.
+/// GIS themes: points, lines and the rings of polygons, each theme on a layer of its own.
 class CDisLibGis {
  public:
   CDisLibGis(CTcadEng* engine, CDocSymbolManager* symbols, gis::CLibGis* library, bool all);
+  /// Draws all of them anew.
   void RiCreaTutto();
   void AnnullaTutto();
 
  private:
   CTcadEng* engine_;
+  gis::CLibGis* library_;
 };
 
 namespace display {

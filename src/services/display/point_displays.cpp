@@ -81,6 +81,17 @@ void ForEachKnownPoint(const CLibPnt& library, CTcadEng& engine, Visit visit) {
   }
 }
 
+template <class Visit>
+void ForEachCadastralPoint(const CCts& cadastre, CTcadEng& engine, Visit visit) {
+  const TargetLayers layers(engine, cadastre.GetTargetDrawing(), Xlate("CADASTRE"));
+  for (const cadastre::Fiducial& fiducial : cadastre.Survey().fiducials) {
+    CEgn point;
+    point.SetNomCoord(tdk::WString(fiducial.name), tdk::WString(fiducial.description),
+                      fiducial.east, fiducial.north, UndefinedValue);
+    visit(point, Symbol::kKnownPoint, layers);
+  }
+}
+
 // The names of all stations and known points: who sights one of them orients himself.
 std::unordered_set<std::string> ReferenceNames(ExchangeContext& document) {
   std::unordered_set<std::string> names;
@@ -123,6 +134,9 @@ void CDisPtNome::AddAllNames(bool explode) {
   if (const CLibGps* const gps = document_->GetLibGps()) ForEachGpsPoint(*gps, *engine_, add);
   if (const CLibPnt* const known = document_->GetLibPnt()) {
     ForEachKnownPoint(*known, *engine_, add);
+  }
+  if (const CCts* const cadastre = document_->GetCts()) {
+    ForEachCadastralPoint(*cadastre, *engine_, add);
   }
 }
 
@@ -216,7 +230,13 @@ void CDisLibPnt::AddAllLibPnt(bool explode) {
                     });
 }
 
-CDisCts::CDisCts(CTcadEng* engine, CDocSymbolManager* symbols, CCts* /*cadastre*/)
-    : PointDisplay(engine, symbols, cad::Origin::kCadastre) {}
+CDisCts::CDisCts(CTcadEng* engine, CDocSymbolManager* symbols, CCts* cadastre)
+    : PointDisplay(engine, symbols, cad::Origin::kCadastre), cadastre_(cadastre) {}
 
-void CDisCts::CreaTutto(bool /*explode*/) {}
+void CDisCts::CreaTutto(bool explode) {
+  if (cadastre_ == nullptr) return;
+  ForEachCadastralPoint(*cadastre_, engine_,
+                        [&](const CEgn& point, Symbol symbol, const TargetLayers& layers) {
+                          Draw(point, symbol, layers, explode);
+                        });
+}
