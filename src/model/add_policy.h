@@ -11,7 +11,9 @@ enum class AddedKind {
   kKnownPoint,
   kControlRecord,
   kTerrainModel,
-  kRoad
+  kRoad,
+  kGisTable,
+  kGisTheme
 };
 
 /// Asked before every add: a host may refuse (a licence's limit, a job that is locked), and the add

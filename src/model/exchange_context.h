@@ -2,6 +2,7 @@
 #pragma once
 
 #include "model/design.h"
+#include "model/gis.h"
 #include "model/gps.h"
 #include "model/known_points.h"
 #include "model/road.h"

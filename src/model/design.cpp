@@ -1,7 +1,0 @@
-#include "model/design.h"
-
-namespace gis {
-
-ILinkImportedEnt::~ILinkImportedEnt() = default;
-
-}  // namespace gis
