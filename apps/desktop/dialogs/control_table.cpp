@@ -60,7 +60,7 @@ constexpr const char* kRowsLabel = ToXlate("Header rows:");
 constexpr const char* kContent = ToXlate("Content");
 constexpr const char* kDecimals = ToXlate("No. of decimals");
 
-constexpr auto kFile = std::to_array<ControlRow>({{.key = "path", .kind = kFile}});
+constexpr auto kFileDialog = std::to_array<ControlRow>({{.key = "path", .kind = kFile}});
 
 constexpr auto kCadFile = std::to_array<ControlRow>({
     {.key = "path", .kind = kFile},
@@ -216,8 +216,11 @@ constexpr auto kShapeImport = std::to_array<ControlRow>({
 
 constexpr auto kJobFolder = std::to_array<ControlRow>({{.key = "folder", .kind = kFolder}});
 
+constexpr auto kReferenceSystem = std::to_array<ControlRow>(
+    {{.key = "crs", .kind = kText, .label = ToXlate("Reference system, as EPSG:32632:")}});
+
 constexpr auto kDialogs = std::to_array<DialogRow>({
-    {"file", kFile},
+    {"file", kFileDialog},
     {"cad-file", kCadFile},
     {"text-main", kTextMain},
     {"delimited-fields", kDelimited},
@@ -230,6 +233,7 @@ constexpr auto kDialogs = std::to_array<DialogRow>({
     {"shape-export", kShapeExport},
     {"shape-import", kShapeImport},
     {"job-folder", kJobFolder},
+    {"reference-system", kReferenceSystem},
 });
 
 }  // namespace

@@ -35,9 +35,9 @@ struct PlanLayer {
   int position = 0;  ///< in its library; of points: the kind of mark; of a drawing: its id
   Rgb color = 0;
   double width = 1;  ///< of lines, pixels
-  PlanLines lines;
-  std::vector<std::uint16_t> colors;  ///< of a drawing, by the source of its legs
-  CellGrid<PlanText> texts;
+  PlanLines lines = {};
+  std::vector<std::uint16_t> colors = {};  ///< of a drawing, by the source of its legs
+  CellGrid<PlanText> texts = {};
 };
 
 class PlanModel {
