@@ -16,33 +16,11 @@
 #include "platform/paths.h"
 #include "services/translate.h"
 #include "shape_set.h"
+#include "trouble_scope.h"
 
 namespace {
 
 constexpr std::size_t kRemarksShown = 10;
-
-// Keeps the first trouble with files while one exchange runs.
-class TroubleScope {
- public:
-  TroubleScope()
-      : previous_(platform::SetFileTroubleListener([this](const platform::FileTrouble& trouble) {
-          if (!first_) first_ = trouble;
-        })) {}
-  ~TroubleScope() { platform::SetFileTroubleListener(previous_); }
-  TroubleScope(const TroubleScope&) = delete;
-  TroubleScope& operator=(const TroubleScope&) = delete;
-
-  /// Empty when there was none. `path` is the file that it is about; another one is named.
-  std::string Reason(const std::string& path) const {
-    if (!first_) return {};
-    const std::string reason = console::InWords(*first_);
-    return first_->path == platform::NativePath(path) ? reason : first_->path + ": " + reason;
-  }
-
- private:
-  std::optional<platform::FileTrouble> first_;
-  platform::FileTroubleListener previous_;
-};
 
 // What message boxes said, on one line.
 std::string OnOneLine(const std::vector<std::string>& messages) {

@@ -8,10 +8,8 @@
 
 #include "arguments.h"
 #include "counts.h"
+#include "point_preview.h"
 #include "services/dialog.h"
-
-/// The kinds of points by the numbers that the module's dialogs know them by.
-enum class PointKind { kKnown = 0, kControl = 1, kTotalStation = 2, kGps = 3 };
 
 struct TextOptions {
   static constexpr std::size_t kColumns = 6;

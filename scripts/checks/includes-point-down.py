@@ -40,8 +40,8 @@ def host_reason(parts, target):
 
 def apps_reason(parts, target):
     """The same for a file at parts (below apps/)."""
-    own = ("apps",) + tuple(parts[:1])
-    allowed = target[0] in FOR_HOSTS + ["host"] or "/".join(target) == MODULE_HEADER or target[:2] == own
+    own = [("apps",) + tuple(parts[:1]), ("apps", "common")]
+    allowed = target[0] in FOR_HOSTS + ["host"] or "/".join(target) == MODULE_HEADER or target[:2] in own
     return None if allowed else f"apps/ must not include {'/'.join(target)}"
 
 

@@ -3,12 +3,9 @@
 #include <array>
 #include <filesystem>
 
-#include "commands.h"
-#include "console.h"
 #include "failure.h"
 #include "platform/paths.h"
 #include "services/translate.h"
-#include "table.h"
 
 std::span<const FormatRow> FormatTable() {
   using enum Exchanged;
@@ -77,19 +74,4 @@ void CheckWritable(const std::string& path) {
   if (row.written == Exchanged::kNow) return;
   const auto pattern = Xlate("{1} files cannot be written yet: not available in this version");
   throw Failed(path, Fill(pattern, {row.name}).ToUtf8());
-}
-
-int RunFormats() {
-  const auto answer = [](Exchanged exchanged) {
-    if (exchanged == Exchanged::kNever) return std::string("–");
-    return exchanged == Exchanged::kNow ? Xlate("yes").ToUtf8() : Xlate("not yet").ToUtf8();
-  };
-  Table table;
-  table.Add({Xlate("format").ToUtf8(), Xlate("extension").ToUtf8(), Xlate("import").ToUtf8(),
-             Xlate("export").ToUtf8()});
-  for (const FormatRow& row : FormatTable()) {
-    table.Add({row.name, row.extension, answer(row.read), answer(row.written)});
-  }
-  console::Out(table.Text());
-  return exit_status::kRan;
 }

@@ -1,0 +1,112 @@
+#include "apps/desktop/dialogs/qt_views.h"
+
+#include <QCoreApplication>
+#include <QEventLoop>
+#include <nlohmann/json.hpp>
+
+#include "apps/desktop/dialogs/dialog_view.h"
+#include "apps/desktop/dialogs/file_name_dialog.h"
+#include "apps/desktop/dialogs/message_view.h"
+#include "apps/desktop/dialogs/wait_view.h"
+#include "apps/desktop/qt_text.h"
+#include "platform/paths.h"
+#include "services/message_box.h"
+
+namespace {
+
+constexpr int kPatience = 400;  // milliseconds until the wait indicator is shown
+
+// Shows a window and returns when it has closed.
+template <class View>
+void RunModally(View& view) {
+  QEventLoop loop;
+  view.onClosed = [&loop] { loop.quit(); };
+  view.open();
+  loop.exec(QEventLoop::DialogExec);
+}
+
+}  // namespace
+
+QtViews::QtViews(QWidget* owner, const DialogShape& shape) : owner_(owner), shape_(shape) {}
+QtViews::~QtViews() = default;
+
+QWidget* QtViews::Top() const { return windows_.empty() ? owner_ : windows_.back(); }
+
+int QtViews::ShowDialog(Dialog& dialog) {
+  wait_.reset();
+  if (!FileNameDialog::IsFor(dialog)) return Run(dialog);
+  CWnd window(this);
+  FileNameDialog named(dialog, &window);
+  return Run(named);
+}
+
+int QtViews::Run(Dialog& dialog) {
+  if (prepare) {
+    if (const auto code = prepare(dialog)) {
+      KeepPath(dialog);
+      return *code;
+    }
+  }
+  open_.push_back(&dialog);
+  DialogView view(dialog, shape_, preview_, Top());
+  windows_.push_back(&view);
+  RunModally(view);
+  windows_.pop_back();
+  open_.pop_back();
+  if (view.Failure()) std::rethrow_exception(view.Failure());
+  const int code = view.Code().value_or(Dialog::kCancel);
+  if (code == Dialog::kOk) KeepPath(dialog);
+  working_.start();
+  return code;
+}
+
+// The dialog of a full export has written the file of the dialog below it.
+void QtViews::KeepPath(Dialog& dialog) {
+  const std::string_view name = dialog.Name();
+  if (name == "gps-export" || name == "ts-export") {
+    hasWritten_ = true;
+    if (!open_.empty()) KeepPath(*open_.back());
+    return;
+  }
+  const DialogState state = dialog.State();
+  const char* const key = name == "text-main" || name == "shape-import" ? "file" : "path";
+  const auto file = state.find(key);
+  if (file == state.end() || !file->is_string()) return;
+  const auto text = file->get<std::string>();
+  path_ = platform::IsAbsolutePath(text)
+              ? text
+              : platform::JoinPath(state.value("folder", std::string()), text);
+}
+
+int QtViews::ShowMessage(const tdk::WString& caption, const tdk::WString& text, unsigned flags) {
+  wait_.reset();
+  MessageView view(ToQt(caption), ToQt(text), flags, shape_, Top());
+  windows_.push_back(&view);
+  RunModally(view);
+  windows_.pop_back();
+  if (!view.IsQuestion()) messages_.push_back(ToQt(text));
+  working_.start();
+  return view.Answer();
+}
+
+void QtViews::StartWait() { ShowWait(); }
+
+void QtViews::EndWait() { wait_.reset(); }
+
+void QtViews::ShowWait() {
+  if (wait_ != nullptr) return;
+  wait_ = std::make_unique<WaitView>(shape_, mayCancel_, Top());
+  wait_->open();
+  QCoreApplication::processEvents();
+}
+
+void QtViews::ShowProgress(std::uint64_t done, std::uint64_t total) {
+  if (!working_.isValid()) working_.start();
+  if (wait_ == nullptr && working_.elapsed() < kPatience) return;
+  ShowWait();
+  wait_->ShowProgress(done, total);
+  if (!wait_->IsCancelled()) return;
+  wasCancelled_ = true;
+  wait_.reset();
+  throw ExchangeStopped();
+}

@@ -1,0 +1,52 @@
+#include "apps/desktop/dialogs/wait_view.h"
+
+#include <QCoreApplication>
+#include <QLabel>
+#include <QProgressBar>
+#include <QVBoxLayout>
+#include <algorithm>
+
+#include "apps/desktop/dialogs/button_bar.h"
+#include "apps/desktop/dialogs/handheld_style.h"
+#include "apps/desktop/dialogs/mnemonics.h"
+#include "apps/desktop/qt_text.h"
+
+WaitView::WaitView(const DialogShape& shape, bool mayCancel, QWidget* parent)
+    : QDialog(parent), mayCancel_(mayCancel), bar_(new QProgressBar) {
+  setObjectName("wait");
+  setWindowTitle(Translated(ToXlate("Please wait")));
+  setWindowModality(Qt::ApplicationModal);
+  bar_->setObjectName("progress");
+  bar_->setRange(0, 0);
+  auto* const layout = new QVBoxLayout(this);
+  auto* const label = new QLabel(Translated(ToXlate("The data are being worked on.")));
+  label->setWordWrap(true);
+  layout->addWidget(label);
+  layout->addWidget(bar_);
+  if (mayCancel) {
+    layout->addWidget(new ButtonBar({ToXlate("Cancel")}, shape, [this](std::string_view) { reject(); }));
+  }
+  if (shape.isHandheld) {
+    DressForHandheld(*this, shape);
+    layout->insertStretch(2);
+  }
+  AssignMnemonics(this);
+}
+
+void WaitView::ShowProgress(std::uint64_t done, std::uint64_t total) {
+  constexpr int kBetween = 80;  // milliseconds
+  if (sinceShown_.isValid() && sinceShown_.elapsed() < kBetween) return;
+  sinceShown_.start();
+  if (total > 0) {
+    constexpr int kWhole = 1000;
+    const double part = static_cast<double>(std::min(done, total)) / static_cast<double>(total);
+    bar_->setRange(0, kWhole);
+    bar_->setValue(static_cast<int>(part * kWhole));
+  }
+  // So that it is drawn and its button works; all other windows are shut off by its modality.
+  QCoreApplication::processEvents();
+}
+
+void WaitView::reject() {
+  if (mayCancel_) isCancelled_ = true;
+}

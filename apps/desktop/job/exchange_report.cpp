@@ -1,0 +1,28 @@
+#include "apps/desktop/job/exchange_report.h"
+
+#include "apps/desktop/qt_text.h"
+
+namespace {
+
+std::optional<JobNode> QuotedObject(const std::string& text, HostDocument& document) {
+  for (std::size_t from = text.find('"'); from != std::string::npos; from = text.find('"', from)) {
+    const std::size_t to = text.find('"', from + 1);
+    if (to == std::string::npos) break;
+    const JobNode found = FindNamed(document, text.substr(from + 1, to - from - 1));
+    if (found.kind != NodeKind::kRoot) return found;
+    from = to + 1;
+  }
+  return std::nullopt;
+}
+
+}  // namespace
+
+void ExchangeReport::Warn(const std::string& text, HostDocument& document) {
+  lines.push_back({ToQt(text), true, QuotedObject(text, document)});
+}
+
+QString ExchangeReport::AsText() const {
+  QString text = title + '\n';
+  for (const ReportLine& line : lines) text += line.text + '\n';
+  return text;
+}

@@ -1,0 +1,140 @@
+// The menus of the main window.
+#include <QAction>
+#include <QActionGroup>
+#include <QCoreApplication>
+#include <QDockWidget>
+#include <QMenu>
+#include <QMenuBar>
+#include <array>
+
+#include "apps/desktop/main_window.h"
+#include "apps/desktop/plan/layer_list.h"
+#include "apps/desktop/plan/plan_view.h"
+#include "apps/desktop/qt_text.h"
+#include "apps/desktop/user_settings.h"
+#include "services/measure_system.h"
+
+namespace {
+
+QMenu& AddMenu(QMenuBar& bar, const char* text, const char* name) {
+  QMenu& menu = *bar.addMenu(Translated(text));
+  menu.setObjectName(name);
+  return menu;
+}
+
+void AddChoice(QMenu& menu, QActionGroup& group, const QString& text, const QString& name,
+               bool isChosen, const std::function<void()>& action) {
+  QAction* const choice = menu.addAction(text);
+  choice->setObjectName(name);
+  choice->setCheckable(true);
+  choice->setChecked(isChosen);
+  group.addAction(choice);
+  QObject::connect(choice, &QAction::triggered, choice, action);
+}
+
+}  // namespace
+
+QAction* MainWindow::AddAction(QMenu& menu, const char* text, const char* name,
+                               std::function<void()> action) {
+  QAction* const added = menu.addAction(Translated(text));
+  added->setObjectName(name);
+  connect(added, &QAction::triggered, this, [action = std::move(action)] { action(); });
+  return added;
+}
+
+// Anew for every language.
+void MainWindow::MakeMenus() {
+  menuBar()->clear();
+  MakeJobMenu();
+  MakeExchangeMenus();
+  MakeEditMenu();
+  MakeViewMenu();
+  MakeSettingsMenu();
+}
+
+void MainWindow::MakeJobMenu() {
+  QMenu& menu = AddMenu(*menuBar(), ToXlate("&Job"), "menuJob");
+  AddAction(menu, ToXlate("New"), "new", [this] { NewJob(); })->setShortcut(QKeySequence::New);
+  AddAction(menu, ToXlate("Open a job folder…"), "openFolder", [this] { AskAndOpen(true); })
+      ->setShortcut(QKeySequence::Open);
+  AddAction(menu, ToXlate("Open a JSON document…"), "openDocument", [this] { AskAndOpen(false); });
+  QMenu* const recent = menu.addMenu(Translated(ToXlate("Recent jobs")));
+  recent->setObjectName("recent");
+  connect(recent, &QMenu::aboutToShow, this, [this, recent] {
+    recent->clear();
+    for (const QString& path : RecentJobs()) {
+      connect(recent->addAction(path), &QAction::triggered, this,
+              [this, path] { OpenOrImport(ToUtf8(path)); });
+    }
+  });
+  menu.addSeparator();
+  AddAction(menu, ToXlate("Save"), "save", [this] { Save(); })->setShortcut(QKeySequence::Save);
+  AddAction(menu, ToXlate("Save as a job folder…"), "saveFolder", [this] { SaveAs(true); });
+  AddAction(menu, ToXlate("Save as a JSON document…"), "saveDocument", [this] { SaveAs(false); });
+  menu.addSeparator();
+  AddAction(menu, ToXlate("Quit"), "quit", [this] { close(); })->setShortcut(QKeySequence::Quit);
+}
+
+void MainWindow::MakeExchangeMenus() {
+  QMenu& imports = AddMenu(*menuBar(), ToXlate("&Import"), "menuImport");
+  QMenu& exports = AddMenu(*menuBar(), ToXlate("&Export"), "menuExport");
+  for (const ExchangeCommand& command : ExchangeTable()) {
+    const char* const name = command.function == nullptr ? "LandXmlImport" : command.function;
+    AddAction(command.isImport ? imports : exports, command.text, name,
+              [this, &command] { Run(command); });
+  }
+}
+
+void MainWindow::MakeEditMenu() {
+  QMenu& menu = AddMenu(*menuBar(), ToXlate("E&dit"), "menuEdit");
+  undo_ = AddAction(menu, ToXlate("Undo the last import"), "undo", [this] { Undo(); });
+  undo_->setShortcut(QKeySequence::Undo);
+}
+
+void MainWindow::MakeViewMenu() {
+  QMenu& menu = AddMenu(*menuBar(), ToXlate("&Plan"), "menuPlan");
+  AddAction(menu, ToXlate("Fit"), "fit", [this] { plan_->Fit(); });
+  AddAction(menu, ToXlate("Zoom in"), "zoomIn", [this] { plan_->ZoomIn(); })
+      ->setShortcut(QKeySequence::ZoomIn);
+  AddAction(menu, ToXlate("Zoom out"), "zoomOut", [this] { plan_->ZoomOut(); })
+      ->setShortcut(QKeySequence::ZoomOut);
+  auto* dock = findChild<QDockWidget*>("layers");
+  if (dock == nullptr) {
+    dock = new QDockWidget(this);
+    dock->setObjectName("layers");
+    dock->setWidget(new plan::LayerList(*plan_));
+    addDockWidget(Qt::RightDockWidgetArea, dock);
+    dock->setVisible(!shape_.isHandheld);
+  }
+  dock->setWindowTitle(Translated(ToXlate("Layers")));
+  menu.addAction(dock->toggleViewAction());
+}
+
+void MainWindow::MakeSettingsMenu() {
+  QMenu& menu = AddMenu(*menuBar(), ToXlate("&Settings"), "menuSettings");
+  QMenu* const languages = menu.addMenu(Translated(ToXlate("Language")));
+  auto* const languageGroup = new QActionGroup(languages);
+  for (const std::string_view code : Languages()) {
+    const std::string name(code);
+    AddChoice(*languages, *languageGroup, name == "it" ? "Italiano" : "English",
+              ToQt("language." + name), code == Language(), [this, name] {
+                // Not while the menu that this comes from is still there.
+                QMetaObject::invokeMethod(
+                    this, [this, name] { SetLanguageTo(name); }, Qt::QueuedConnection);
+              });
+  }
+  QMenu* const angles = menu.addMenu(Translated(ToXlate("Angle unit")));
+  auto* const angleGroup = new QActionGroup(angles);
+  constexpr std::array kUnits = {ToXlate("Gon"), ToXlate("Decimal degrees"),
+                                 ToXlate("Degrees, minutes, seconds")};
+  connect(angles, &QMenu::aboutToShow, angleGroup, [angleGroup] {
+    angleGroup->actions().at(static_cast<int>(CMeasureSystem::GetAngleUnit()))->setChecked(true);
+  });
+  for (int unit = 0; unit < static_cast<int>(kUnits.size()); ++unit) {
+    AddChoice(*angles, *angleGroup, Translated(kUnits[static_cast<std::size_t>(unit)]),
+              QString("angle.%1").arg(unit), unit == static_cast<int>(CMeasureSystem::GetAngleUnit()),
+              [this, unit] { SetAngleUnit(unit); });
+  }
+  AddAction(menu, ToXlate("Reference system…"), "referenceSystem",
+            [this] { AskReferenceSystem(); });
+}

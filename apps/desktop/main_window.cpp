@@ -1,0 +1,297 @@
+#include "apps/desktop/main_window.h"
+
+#include <QCloseEvent>
+#include <QDockWidget>
+#include <QHeaderView>
+#include <QMimeData>
+#include <QSplitter>
+#include <QStatusBar>
+#include <QTableView>
+#include <QTreeView>
+#include <nlohmann/json.hpp>
+
+#include "apps/desktop/dialogs/qt_views.h"
+#include "apps/desktop/job/crs_dialog.h"
+#include "apps/desktop/job/exchange_runner.h"
+#include "apps/desktop/job/report_window.h"
+#include "apps/desktop/plan/layer_list.h"
+#include "apps/desktop/plan/plan_view.h"
+#include "apps/desktop/qt_text.h"
+#include "apps/desktop/user_settings.h"
+#include "host/geodesy/gps_positions.h"
+#include "job_session.h"
+#include "platform/paths.h"
+#include "services/file_dialog.h"
+#include "services/job_folder_dialog.h"
+#include "services/jobs_folder.h"
+#include "services/message_box.h"
+
+MainWindow::MainWindow(const Module& module, const DialogShape& shape)
+    : module_(module), shape_(shape) {
+  setObjectName("main");
+  setAcceptDrops(true);
+  MakeViews();
+  MakeMenus();
+  job_.onLeaving = [this] { ShowNothing(); };
+  ShowJob();
+  constexpr QSize kUsual(1100, 720);
+  resize(shape.isHandheld ? shape.screen : kUsual);
+}
+
+MainWindow::~MainWindow() { job_.onLeaving = nullptr; }
+
+// ---- What is shown ----
+
+void MainWindow::MakeViews() {
+  treeView_ = new QTreeView;
+  treeView_->setObjectName("tree");
+  treeView_->setModel(&tree_);
+  treeView_->setHeaderHidden(true);
+  treeView_->setUniformRowHeights(true);
+  treeView_->setAccessibleName(Translated(ToXlate("The job as a tree")));
+  connect(treeView_->selectionModel(), &QItemSelectionModel::currentChanged, this,
+          [this](const QModelIndex& index) { ShowTable(tree_.NodeAt(index)); });
+
+  tableView_ = new QTableView;
+  tableView_->setObjectName("table");
+  tableView_->setModel(&table_);
+  tableView_->setSelectionBehavior(QAbstractItemView::SelectRows);
+  tableView_->setAccessibleName(Translated(ToXlate("What is chosen, as a table")));
+  tableView_->verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
+  connect(tableView_->selectionModel(), &QItemSelectionModel::currentChanged, this,
+          [this](const QModelIndex& index) {
+            if (!index.isValid()) return;
+            plan_->Highlight(PointOf(job_.Document(), table_.NodeAt(index.row())));
+          });
+
+  plan_ = new plan::PlanView;
+  plan_->setObjectName("plan");
+  plan_->setAccessibleName(Translated(ToXlate("The plan")));
+  connect(plan_, &plan::PlanView::Picked, this, [this](const plan::Found& found) {
+    statusBar()->showMessage(ToQt(found.text).replace('\n', "  "));
+    if (found.point != nullptr) GoTo(NodeOf(job_.Document(), *found.point));
+  });
+
+  auto* const right = new QSplitter(Qt::Vertical);
+  right->addWidget(plan_);
+  right->addWidget(tableView_);
+  right->setStretchFactor(0, 3);
+  right->setStretchFactor(1, 2);
+  auto* const all = new QSplitter;
+  all->addWidget(treeView_);
+  all->addWidget(right);
+  all->setStretchFactor(1, 1);
+  setCentralWidget(all);
+}
+
+void MainWindow::ShowJob() {
+  tree_.Show(&job_.Document());
+  plan_->ShowJob(job_.Document());
+  treeView_->setCurrentIndex(tree_.index(0, 0));
+  undo_->setEnabled(job_.CanUndo());
+  const QString name = job_.Path() ? ToQt(*job_.Path()) : Translated(ToXlate("new job"));
+  setWindowTitle(name + (job_.IsChanged() ? "* – " : " – ") + "Kalvio Exchange");
+  statusBar()->showMessage(ToQt(InWords(CountsOf(job_.Document()))));
+}
+
+void MainWindow::ShowNothing() {
+  plan_->Clear();
+  table_.Show(nullptr, {});
+  tree_.Show(nullptr);
+}
+
+void MainWindow::ShowTable(const JobNode& node) {
+  if (tree_.rowCount() == 0) return;
+  table_.Show(&job_.Document(), node);
+  tableView_->resizeColumnsToContents();
+  if (table_.Shown() != node) tableView_->selectRow(RowOf(node));
+  plan_->Highlight(PointOf(job_.Document(), node));
+}
+
+void MainWindow::GoTo(const JobNode& node) {
+  const QModelIndex index = tree_.IndexOf(node);
+  treeView_->setCurrentIndex(index);
+  treeView_->scrollTo(index);
+}
+
+void MainWindow::ShowReport(ReportWindow* report) {
+  if (report_) report_->close();
+  report_ = report;
+  report->onObject = [this](const JobNode& node) { GoTo(node); };
+  report->show();
+}
+
+// ---- Jobs ----
+
+// Nothing may be thrown through the toolkit.
+void MainWindow::Guarded(const std::function<void()>& action) {
+  try {
+    action();
+  } catch (const ExchangeStopped&) {
+    statusBar()->showMessage(Translated(ToXlate("stopped")));
+  } catch (const std::exception& error) {
+    TellFailure(error.what());
+  }
+}
+
+void MainWindow::TellFailure(const std::string& text) {
+  QtViews views(this, shape_);
+  views.ShowMessage(Xlate("Error"), tdk::WString(text), kBoxExclamation);
+}
+
+bool MainWindow::MayLeave() {
+  if (!job_.IsChanged()) return true;
+  QtViews views(this, shape_);
+  return views.ShowMessage(
+             Xlate("Warning"),
+             Xlate("The job has changes that are not saved. Go on without saving them?"),
+             kBoxExclamation | kBoxYesNo) == kAnswerYes;
+}
+
+void MainWindow::NewJob() {
+  if (!MayLeave()) return;
+  job_.New();
+  ShowJob();
+}
+
+void MainWindow::OpenJob(const std::string& path) {
+  Guarded([&] {
+    QtViews views(this, shape_);
+    views.AllowCancel(true);
+    job_.Open(path, [&](std::uint64_t done, std::uint64_t total) {
+      views.ShowProgress(done, total);
+    });
+    AddRecentJob(path);
+  });
+  ShowJob();
+}
+
+void MainWindow::OpenOrImport(const std::string& path) {
+  if (IsJob(path)) {
+    if (MayLeave()) OpenJob(path);
+    return;
+  }
+  if (const ExchangeCommand* const command = ImportOf(path)) return Run(*command, path);
+  TellFailure(path + ": " + Xlate("the extension says no format that can be read").ToUtf8());
+}
+
+std::optional<std::string> MainWindow::AskForFolder() {
+  QtViews views(this, shape_);
+  CWnd window(&views);
+  const auto folder = AskForJobFolder(&window, CJobsFolder::GetJobNameFolderNoSlash());
+  if (!folder) return std::nullopt;
+  return platform::NativePath(folder->ToUtf8());
+}
+
+std::optional<std::string> MainWindow::AskForDocument(bool isOpen) {
+  QtViews views(this, shape_);
+  CWnd window(&views);
+  CDlgImportExportGeneric dialog(CCloudManager::GetInstance(), &window, -1);
+  dialog.SetVars(CJobsFolder::GetJobNameFolderWthSlash(),
+                 isOpen ? Xlate("Open a JSON document") : Xlate("Save as a JSON document"), "json",
+                 isOpen, {});
+  if (dialog.DoModal() != Dialog::kOk) return std::nullopt;
+  tdk::WString path;
+  dialog.GetVars(path);
+  return platform::NativePath(path.ToUtf8());
+}
+
+void MainWindow::AskAndOpen(bool isFolder) {
+  if (!MayLeave()) return;
+  if (const auto path = isFolder ? AskForFolder() : AskForDocument(true)) OpenJob(*path);
+}
+
+void MainWindow::Save() {
+  if (!job_.Path()) return SaveAs(true);
+  Guarded([&] {
+    QtViews views(this, shape_);
+    job_.SaveTo(*job_.Path(), [&](std::uint64_t done, std::uint64_t total) {
+      views.ShowProgress(done, total);
+    });
+  });
+  ShowJob();
+}
+
+void MainWindow::SaveAs(bool isFolder) {
+  const auto path = isFolder ? AskForFolder() : AskForDocument(false);
+  if (!path) return;
+  Guarded([&] {
+    job_.SaveTo(*path);
+    AddRecentJob(*path);
+  });
+  ShowJob();
+}
+
+// ---- Exchanges ----
+
+void MainWindow::Run(const ExchangeCommand& command, const std::optional<std::string>& path) {
+  std::optional<ExchangeReport> report;
+  Guarded([&] {
+    ExchangeRunner runner(job_, module_, this, shape_);
+    report = runner.Run(command, path);
+  });
+  ShowJob();
+  if (report) ShowReport(new ReportWindow(std::move(*report), shape_, this));
+}
+
+void MainWindow::Undo() {
+  Guarded([&] { job_.Undo(); });
+  if (report_) report_->close();
+  ShowJob();
+}
+
+// ---- Settings ----
+
+void MainWindow::SetLanguageTo(const std::string& language) {
+  SetLanguage(language);
+  ChooseLanguage(language);
+  MakeMenus();
+  ShowJob();
+}
+
+void MainWindow::SetAngleUnit(int unit) {
+  CIniFile().WriteLong("Misure", "UnitaAngoli", unit);
+  Guarded([&] { job_.KeepSettings(); });
+  ShowJob();
+}
+
+void MainWindow::AskReferenceSystem() {
+  QtViews views(this, shape_);
+  CWnd window(&views);
+  CLibGps& gps = *job_.Document().GetLibGps();
+  ReferenceSystemDialog dialog(&window, gps);
+  if (::ShowDialog(&window, dialog) != Dialog::kOk || dialog.Crs().IsEmpty()) return;
+  for (int i = 0; i < gps.GetGrpArSize(); ++i) gps.GetGrpAt(i)->SetCrs(dialog.Crs());
+  CompletePositions(gps, dialog.Crs());
+  if (gps.GetGrpArSize() > 0) job_.MarkChanged();
+  ShowJob();
+}
+
+// ---- Events ----
+
+void MainWindow::closeEvent(QCloseEvent* event) {
+  if (MayLeave()) {
+    event->accept();
+  } else {
+    event->ignore();
+  }
+}
+
+void MainWindow::dragEnterEvent(QDragEnterEvent* event) {
+  if (event->mimeData()->hasUrls()) event->acceptProposedAction();
+}
+
+void MainWindow::dropEvent(QDropEvent* event) {
+  QStringList paths;
+  for (const QUrl& url : event->mimeData()->urls()) {
+    if (url.isLocalFile()) paths.append(url.toLocalFile());
+  }
+  event->acceptProposedAction();
+  // The drop must have ended before a dialog is shown.
+  QMetaObject::invokeMethod(
+      this,
+      [this, paths] {
+        for (const QString& path : paths) OpenOrImport(ToUtf8(path));
+      },
+      Qt::QueuedConnection);
+}

@@ -1,0 +1,86 @@
+// The window of the program: the job as a tree, a plan and a table.
+#pragma once
+
+#include <QMainWindow>
+#include <QPointer>
+#include <functional>
+#include <optional>
+
+#include "apps/desktop/dialogs/dialog_shape.h"
+#include "apps/desktop/job/desktop_job.h"
+#include "apps/desktop/job/exchange_table.h"
+#include "apps/desktop/job/job_table.h"
+#include "apps/desktop/job/job_tree.h"
+#include "module.h"
+
+class QActionGroup;
+class QSplitter;
+class QTableView;
+class QTreeView;
+class ReportWindow;
+namespace plan {
+class PlanView;
+}
+
+class MainWindow : public QMainWindow {
+ public:
+  /// `module` is not owned. `shape`: of the dialogs.
+  MainWindow(const Module& module, const DialogShape& shape);
+  ~MainWindow() override;
+
+  DesktopJob& Job() { return job_; }
+  /// Shows the job as it is now.
+  void ShowJob();
+  /// Each tells what goes wrong by a message box.
+  void OpenJob(const std::string& path);
+  /// A job is opened, any other file imported.
+  void OpenOrImport(const std::string& path);
+  void Run(const ExchangeCommand& command, const std::optional<std::string>& path = {});
+  /// Selects a node in the tree and shows it in the table and the plan.
+  void GoTo(const JobNode& node);
+
+ protected:
+  void closeEvent(QCloseEvent* event) override;
+  void dragEnterEvent(QDragEnterEvent* event) override;
+  void dropEvent(QDropEvent* event) override;
+
+ private:
+  void MakeViews();
+  void MakeMenus();
+  void MakeJobMenu();
+  void MakeExchangeMenus();
+  void MakeEditMenu();
+  void MakeViewMenu();
+  void MakeSettingsMenu();
+  QAction* AddAction(QMenu& menu, const char* text, const char* name,
+                     std::function<void()> action);
+
+  void ShowNothing();
+  void ShowTable(const JobNode& node);
+  void ShowReport(ReportWindow* report);
+  bool MayLeave();
+  void Guarded(const std::function<void()>& action);
+  void TellFailure(const std::string& text);
+
+  void NewJob();
+  void AskAndOpen(bool isFolder);
+  void Save();
+  void SaveAs(bool isFolder);
+  std::optional<std::string> AskForFolder();
+  std::optional<std::string> AskForDocument(bool isOpen);
+  void Undo();
+  void SetLanguageTo(const std::string& language);
+  void SetAngleUnit(int unit);
+  void AskReferenceSystem();
+
+  const Module& module_;
+  DialogShape shape_;
+  DesktopJob job_;
+  JobTree tree_;
+  JobTable table_;
+  QTreeView* treeView_ = nullptr;
+  QTableView* tableView_ = nullptr;
+  plan::PlanView* plan_ = nullptr;
+  QAction* undo_ = nullptr;
+  QPointer<QDialog> report_;
+};

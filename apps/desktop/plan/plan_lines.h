@@ -1,0 +1,53 @@
+// Straight legs, as many as a terrain has, ready to be drawn.
+#pragma once
+
+#include "apps/desktop/plan/cell_grid.h"
+
+namespace plan {
+
+/// From one place to another; both may be the same: a dot. Metres.
+struct Leg {
+  plot::Place from;
+  plot::Place to;
+  /// Position of what it belongs to: a triangle, a feature, an entity.
+  std::uint32_t source = 0;
+
+  plot::Place Where() const { return plot::Between(from, to, 0.5); }
+};
+
+/// The legs of one layer.
+class PlanLines {
+ public:
+  PlanLines() = default;
+  explicit PlanLines(const std::vector<Leg>& legs);
+
+  bool IsEmpty() const { return grid_.Size() == 0 && longLegs_.empty(); }
+  const plot::Box& Extent() const { return extent_; }
+
+  /// Calls leg(leg) for what may be within the box (metres), and crowd(box) for the cells in which
+  /// there are so many legs that they cannot be told apart at this size of a pixel.
+  template <class OnLeg, class OnCrowd>
+  void Visit(const plot::Box& shown, double metresPerPixel, const OnLeg& leg,
+             const OnCrowd& crowd) const {
+    const double pixels = grid_.Side() / metresPerPixel;
+    const double most = pixels * pixels / kLeastPixels;
+    grid_.VisitCells(shown.Grown(longest_ / 2), [&](const plot::Box& box, auto legs) {
+      if (static_cast<double>(legs.size()) > most) {
+        crowd(box);
+      } else {
+        for (const Leg& each : legs) leg(each);
+      }
+    });
+    for (const Leg& each : longLegs_) leg(each);
+  }
+
+ private:
+  static constexpr double kLeastPixels = 16;  // for each leg
+
+  plot::Box extent_;
+  CellGrid<Leg> grid_;
+  double longest_ = 0;  // of the legs in the grid, metres
+  std::vector<Leg> longLegs_;
+};
+
+}  // namespace plan

@@ -1,0 +1,252 @@
+#include "apps/desktop/plan/plan_picture.h"
+
+#include <QPainter>
+#include <array>
+#include <map>
+
+#include "apps/desktop/plan/name_painter.h"
+#include "host/plot/nice_numbers.h"
+
+namespace plan {
+namespace {
+
+constexpr std::size_t kMostSymbols = 3'000;
+constexpr double kHalfSymbol = 4.5;  // pixels
+constexpr double kLeastLetters = 5;  // pixels: smaller texts are not legible
+constexpr QRgb kCrowd = 0xFFE2E2E2;
+
+QPointF Point(const plot::Place& place) { return {place.x, place.y}; }
+
+// Which kinds of marks are on.
+std::array<bool, plot::kMarkKinds> ShownKinds(const PlanModel& model) {
+  std::array<bool, plot::kMarkKinds> shown{};
+  for (const PlanLayer& layer : model.Layers()) {
+    if (layer.kind != LayerKind::kPoints) continue;
+    shown[static_cast<std::size_t>(layer.position)] = layer.isVisible;
+  }
+  shown[static_cast<std::size_t>(plot::MarkKind::kManyKnown)] =
+      shown[static_cast<std::size_t>(plot::MarkKind::kKnown)];
+  return shown;
+}
+
+template <class OnMark>
+void VisitMarks(const PlanModel& model, const ViewWindow& view, const OnMark& onMark) {
+  const auto shown = ShownKinds(model);
+  const plot::Box box = view.Shown();
+  model.Places().VisitCells(box, [&](const plot::Box&, auto places) {
+    for (const MarkAt& each : places) {
+      if (!box.Holds(each.at)) continue;
+      const plot::MarkKind kind = model.Marks()[each.mark].kind;
+      if (shown[static_cast<std::size_t>(kind)]) onMark(each, kind);
+    }
+  });
+}
+
+class Painter {
+ public:
+  Painter(const PlanModel& model, const ViewWindow& view, const PictureOptions& options,
+          QImage& image)
+      : model_(model), view_(view), options_(options), image_(image), painter_(&image),
+        shown_(view.Shown()) {}
+
+  void Paint() {
+    for (const PlanLayer& layer : model_.Layers()) {
+      if (layer.isVisible) PaintLines(layer);
+    }
+    for (const PlanLayer& layer : model_.Layers()) {
+      if (layer.isVisible) PaintTexts(layer);
+    }
+    PaintMarks();
+    PaintHighlight();
+    PaintScaleBar();
+  }
+
+ private:
+  void PaintLines(const PlanLayer& layer) {
+    std::map<Rgb, QList<QLineF>> legs;
+    std::map<Rgb, QList<QPointF>> dots;
+    const plot::Box seen = shown_.Grown(view_.MetresPerPixel() * 4);
+    layer.lines.Visit(
+        shown_, view_.MetresPerPixel(),
+        [&](const Leg& leg) {
+          plot::Place from = leg.from;
+          plot::Place to = leg.to;
+          if (!plot::ClipLeg(seen, from, to)) return;
+          const Rgb color = layer.colors.empty() ? layer.color : RgbOf(layer.colors[leg.source]);
+          if (leg.from == leg.to) {
+            dots[color].push_back(Point(view_.ToPixels(from)));
+          } else {
+            legs[color].push_back({Point(view_.ToPixels(from)), Point(view_.ToPixels(to))});
+          }
+        },
+        [&](const plot::Box& crowd) { PaintCrowd(crowd, layer.color); });
+    for (const auto& [color, lines] : legs) {
+      painter_.setPen(QPen(QColor(color), layer.width));
+      painter_.drawLines(lines);
+    }
+    for (const auto& [color, points] : dots) {
+      painter_.setPen(QPen(QColor(color), std::max(layer.width, 3.0)));
+      painter_.drawPoints(points.data(), static_cast<int>(points.size()));
+    }
+  }
+
+  // Legs that cannot be told apart are a tone.
+  void PaintCrowd(const plot::Box& box, Rgb color) {
+    const plot::Place upperLeft = view_.ToPixels({box.left, box.high});
+    const plot::Place lowerRight = view_.ToPixels({box.right, box.low});
+    const QRectF rectangle(Point(upperLeft), Point(lowerRight));
+    const QColor tone = color == 0xC2C2C2 ? QColor(kCrowd) : QColor(color).lighter(140);
+    painter_.fillRect(rectangle, tone);
+  }
+
+  void PaintTexts(const PlanLayer& layer) {
+    layer.texts.VisitCells(shown_, [&](const plot::Box&, auto texts) {
+      for (const PlanText& text : texts) {
+        const double height = text.height / view_.MetresPerPixel();
+        if (height < kLeastLetters || height > view_.Height() || !shown_.Holds(text.at)) continue;
+        PaintText(text, height);
+      }
+    });
+  }
+  void PaintText(const PlanText& text, double height) {
+    constexpr double kCapitals = 0.72;  // share of a font's size that its capitals have
+    painter_.save();
+    QFont font = painter_.font();
+    font.setPixelSize(std::max(1, static_cast<int>(std::lround(height / kCapitals))));
+    painter_.setFont(font);
+    painter_.setPen(QColor(0x333333));
+    painter_.translate(Point(view_.ToPixels(text.at)));
+    painter_.rotate(-text.rotation);
+    const QStringList lines = QString::fromStdString(text.text).split('\n');
+    for (qsizetype i = 0; i < lines.size(); ++i) {
+      painter_.drawText(QPointF(0, static_cast<double>(i) * height * 1.6), lines[i]);
+    }
+    painter_.restore();
+  }
+
+  void PaintMarks() {
+    const std::vector<std::uint32_t> symbols = SymbolsIn(model_, view_);
+    if (symbols.empty()) {
+      PaintDots();
+      return;
+    }
+    painter_.setRenderHint(QPainter::Antialiasing);
+    for (auto mark = symbols.rbegin(); mark != symbols.rend(); ++mark) {
+      const plot::Mark& each = model_.Marks()[*mark];
+      PaintSymbol(Point(view_.ToPixels(each.place)), each.kind);
+    }
+    PaintNames(model_, view_, symbols, painter_);
+    painter_.setRenderHint(QPainter::Antialiasing, false);
+  }
+
+  // Straight into the picture: a million points must not wait for a painter.
+  void PaintDots() {
+    const double ratio = options_.pixelRatio;
+    VisitMarks(model_, view_, [&](const MarkAt& each, plot::MarkKind kind) {
+      const plot::Place pixel = view_.ToPixels(each.at);
+      const int x = static_cast<int>(pixel.x * ratio);
+      const int y = static_cast<int>(pixel.y * ratio);
+      if (x < 0 || y < 0 || x >= image_.width() || y >= image_.height()) return;
+      reinterpret_cast<QRgb*>(bits_ + y * stride_)[x] = 0xFF000000 | RgbOf(kind);
+    });
+  }
+
+  void PaintSymbol(const QPointF& at, plot::MarkKind kind) {
+    constexpr double h = kHalfSymbol;
+    const QColor color(RgbOf(kind));
+    painter_.setPen(QPen(color, 1.4));
+    painter_.setBrush(Qt::NoBrush);
+    const QPolygonF triangle({{at.x(), at.y() - h},
+                              {at.x() + h * 0.9, at.y() + h * 0.6},
+                              {at.x() - h * 0.9, at.y() + h * 0.6}});
+    switch (kind) {
+      case plot::MarkKind::kStation:
+        painter_.setBrush(Qt::white);
+        painter_.drawPolygon(triangle);
+        break;
+      case plot::MarkKind::kKnown:
+      case plot::MarkKind::kManyKnown:
+        painter_.setBrush(color);
+        painter_.drawPolygon(triangle);
+        break;
+      case plot::MarkKind::kControl:
+        painter_.drawPolygon(QPolygonF({{at.x(), at.y() - h}, {at.x() + h, at.y()},
+                                        {at.x(), at.y() + h}, {at.x() - h, at.y()}}));
+        break;
+      case plot::MarkKind::kGpsBase:
+        painter_.setBrush(color);
+        painter_.drawEllipse(at, h * 0.8, h * 0.8);
+        break;
+      case plot::MarkKind::kGps:
+        painter_.drawEllipse(at, h * 0.6, h * 0.6);
+        break;
+      case plot::MarkKind::kMeasured:
+        painter_.drawLine(QLineF(at.x() - h * 0.6, at.y(), at.x() + h * 0.6, at.y()));
+        painter_.drawLine(QLineF(at.x(), at.y() - h * 0.6, at.x(), at.y() + h * 0.6));
+        break;
+    }
+  }
+
+  void PaintHighlight() {
+    const CEgn* const point = options_.highlighted;
+    if (point == nullptr || !IsDefined(point->GetCoordX()) || !IsDefined(point->GetCoordY())) {
+      return;
+    }
+    painter_.setRenderHint(QPainter::Antialiasing);
+    painter_.setBrush(Qt::NoBrush);
+    painter_.setPen(QPen(QColor(0xE05A00), 2.5));
+    painter_.drawEllipse(Point(view_.ToPixels({point->GetCoordX(), point->GetCoordY()})), 11, 11);
+  }
+
+  void PaintScaleBar() {
+    constexpr double kLongest = 0.25;  // of the width
+    const double metres = plot::NiceAtMost(view_.Width() * kLongest * view_.MetresPerPixel());
+    const double pixels = metres / view_.MetresPerPixel();
+    const double left = 10;
+    const double low = view_.Height() - 10;
+    const QString text = QString::fromStdString(plot::LengthText(metres));
+    const double textWidth = painter_.fontMetrics().horizontalAdvance(text);
+    painter_.fillRect(QRectF(left - 5, low - 24, std::max(pixels, textWidth) + 10, 29),
+                      QColor(255, 255, 255, 200));
+    painter_.setPen(QPen(Qt::black, 1));
+    painter_.drawLines({{left, low, left + pixels, low},
+                        {left, low - 4, left, low},
+                        {left + pixels, low - 4, left + pixels, low}});
+    painter_.drawText(QPointF(left, low - 8), text);
+  }
+
+  const PlanModel& model_;
+  const ViewWindow& view_;
+  const PictureOptions& options_;
+  QImage& image_;
+  uchar* bits_ = image_.bits();
+  qsizetype stride_ = image_.bytesPerLine();
+  QPainter painter_;
+  plot::Box shown_;
+};
+
+}  // namespace
+
+std::vector<std::uint32_t> SymbolsIn(const PlanModel& model, const ViewWindow& view) {
+  std::vector<std::uint32_t> symbols;
+  bool areTooMany = false;
+  VisitMarks(model, view, [&](const MarkAt& each, plot::MarkKind) {
+    areTooMany = areTooMany || symbols.size() == kMostSymbols;
+    if (!areTooMany) symbols.push_back(each.mark);
+  });
+  if (areTooMany) symbols.clear();
+  std::sort(symbols.begin(), symbols.end());
+  return symbols;
+}
+
+QImage PaintPlan(const PlanModel& model, const ViewWindow& view, const PictureOptions& options) {
+  const double ratio = options.pixelRatio;
+  QImage image(static_cast<int>(std::lround(view.Width() * ratio)),
+               static_cast<int>(std::lround(view.Height() * ratio)), QImage::Format_RGB32);
+  image.setDevicePixelRatio(ratio);
+  image.fill(Qt::white);
+  Painter(model, view, options, image).Paint();
+  return image;
+}
+
+}  // namespace plan

@@ -1,0 +1,219 @@
+// The whole program: a window, its menus, the module, files.
+#include <QAction>
+#include <QClipboard>
+#include <QMimeData>
+#include <QTableView>
+#include <QTreeView>
+
+#include "apps/desktop/job/report_window.h"
+#include "apps/desktop/main_window.h"
+#include "apps/desktop/plan/plan_view.h"
+#include "apps/desktop/qt_text.h"
+#include "apps/desktop/user_settings.h"
+#include "services/jobs_folder.h"
+#include "tests/desktop/driver.h"
+#include "tests/run_kalvio.h"
+#include "tests/support/temporary_folder.h"
+
+using namespace desktop_test;
+
+namespace {
+
+class WholeWindow : public testing::Test {
+ protected:
+  WholeWindow() {
+    SetLanguage("en");
+    CJobsFolder::SetJobFolder(tdk::WString(folder.Path()));
+    window.show();
+  }
+  ~WholeWindow() override {
+    SetLanguage("en");
+    EXPECT_FALSE(driver.HasStepsLeft());
+  }
+
+  void Trigger(const char* action) {
+    auto* const found = window.findChild<QAction*>(action);
+    ASSERT_NE(found, nullptr) << action;
+    found->trigger();
+    QApplication::processEvents();
+  }
+  /// The lines of the report that is shown; empty when there is none.
+  QString Report() const {
+    const auto* const report = static_cast<ReportWindow*>(window.findChild<QDialog*>("report"));
+    return report == nullptr ? QString() : report->Report().AsText();
+  }
+  std::string TreeText(const QModelIndex& index) const {
+    return index.data().toString().toStdString();
+  }
+
+  TemporaryFolder folder;
+  Module module;
+  MainWindow window{module, DialogShape{}};
+  Driver driver;
+};
+
+TEST_F(WholeWindow, ImportsAndExportsAsTheCommandLineDoes) {
+  folder.Write("field.jb2", e2e::SmallJb2());
+  folder.Write("known.csv", "S1;1000;2000;100;\nS2;1010;2000;100;\n");
+  driver.Then({{"path", folder.File("field.jb2")}});
+  Trigger("FImportJB2File");
+  EXPECT_TRUE(Report().contains("1 job, 2 stations, 3 points")) << Report().toStdString();
+
+  driver.Then({{"kind", 0}, {"file", "known"}});
+  driver.Then({{"fields", {0, 2, 1, 3, 4, 7}}});
+  Trigger("FImportCSVFile");
+  EXPECT_TRUE(Report().contains("2 known points")) << Report().toStdString();
+
+  auto& tree = Find<QTreeView>(window, "tree");
+  const QAbstractItemModel& model = *tree.model();
+  const QModelIndex jobs = model.index(0, 0);
+  EXPECT_EQ(TreeText(jobs), "Jobs (1)");
+  EXPECT_EQ(model.rowCount(model.index(0, 0, jobs)), 2);
+  EXPECT_EQ(TreeText(model.index(2, 0)), "Known Points (1)");
+  EXPECT_FALSE(static_cast<plan::PlanView&>(Find<QWidget>(window, "plan")).Model().Marks().empty());
+
+  driver.Then({{"version", 2}, {"path", "desktop.dxf"}});
+  Trigger("FExportDXFDWGFile");
+  driver.Then({{"kind", 2}, {"file", "desktop"}});
+  driver.Then({{"fields", {0, 2, 1, 3, 4, 7}}, {"headerRows", 0}});
+  Trigger("FExportCSVFile");
+
+  for (const char* const output : {"kalvio.dxf", "kalvio.csv"}) {
+    const auto run = e2e::RunKalvio({"convert", folder.File("field.jb2"), folder.File("known.csv"),
+                                     folder.File(output)});
+    ASSERT_EQ(run.status, 0) << run.err;
+  }
+  EXPECT_EQ(ReadBytes(folder.File("desktop.csv")), ReadBytes(folder.File("kalvio.csv")));
+  EXPECT_TRUE(ReadBytes(folder.File("desktop.dxf")) == ReadBytes(folder.File("kalvio.dxf")));
+}
+
+TEST_F(WholeWindow, UndoesTheLastImport) {
+  auto& undo = *window.findChild<QAction*>("undo");
+  EXPECT_FALSE(undo.isEnabled());
+  window.OpenOrImport(folder.Write("field.jb2", e2e::SmallJb2()));
+  EXPECT_TRUE(undo.isEnabled());
+  EXPECT_EQ(window.Job().Document().GetLibCmp()->GetJobArSize(), 1);
+  Trigger("undo");
+  EXPECT_EQ(window.Job().Document().GetLibCmp()->GetJobArSize(), 0);
+  EXPECT_FALSE(undo.isEnabled());
+  EXPECT_EQ(TreeText(Find<QTreeView>(window, "tree").model()->index(0, 0)), "Jobs (0)");
+}
+
+TEST_F(WholeWindow, ImportsDroppedFilesWithoutAskingWhich) {
+  QMimeData data;
+  data.setUrls({QUrl::fromLocalFile(Q(folder.Write("field.jb2", e2e::SmallJb2()))),
+                QUrl::fromLocalFile(Q(folder.Write("p.csv", "A;1;2;3;x\n")))});
+  driver.Then([](QDialog& dialog) {
+    EXPECT_EQ(dialog.objectName(), "text-main");
+    EXPECT_EQ(Find<QListWidget>(dialog, "files").currentItem()->text(), "p");
+    Press(dialog, "OK");
+  });
+  driver.Then({{"fields", {0, 2, 1, 3, 4, 7}}});
+  QDropEvent drop(QPointF(5, 5), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+  QApplication::sendEvent(&window, &drop);
+  QApplication::processEvents();
+  EXPECT_EQ(window.Job().Document().GetLibCmp()->GetJobArSize(), 1);
+  EXPECT_EQ(window.Job().Document().GetLibPnt()->GetGrpArSize(), 1);
+}
+
+TEST_F(WholeWindow, TellsAFileThatIsNotThere) {
+  driver.Answer("OK");
+  window.OpenOrImport(folder.File("nothing.jb2"));
+  ASSERT_EQ(driver.messages.size(), 1u);
+  EXPECT_EQ(window.Job().Document().GetLibCmp()->GetJobArSize(), 0);
+}
+
+TEST_F(WholeWindow, TellsAFileOfNoFormat) {
+  driver.Answer("OK");
+  window.OpenOrImport(folder.Write("a.zip", "x"));
+  ASSERT_EQ(driver.messages.size(), 1u);
+  EXPECT_NE(driver.messages[0].find("a.zip"), std::string::npos);
+}
+
+TEST_F(WholeWindow, LeadsFromTheReportToTheObject) {
+  window.OpenOrImport(folder.Write("field.jb2", e2e::SmallJb2()));
+  auto* const report = window.findChild<QDialog*>("report");
+  ASSERT_NE(report, nullptr);
+  auto& lines = Find<QListWidget>(*report, "lines");
+  const auto found = lines.findItems("new: Jobs:", Qt::MatchStartsWith);
+  ASSERT_EQ(found.size(), 1);
+  Q_EMIT lines.itemClicked(found[0]);
+  auto& tree = Find<QTreeView>(window, "tree");
+  EXPECT_TRUE(tree.currentIndex().parent().isValid());
+  EXPECT_EQ(Find<QTableView>(window, "table").model()->rowCount(), 2) << "its stations";
+  Press(*report, "Copy");
+  EXPECT_EQ(QGuiApplication::clipboard()->text(), Report());
+}
+
+TEST_F(WholeWindow, SavesOpensAndRemembersAJob) {
+  window.OpenOrImport(folder.Write("field.jb2", e2e::SmallJb2()));
+  const std::string job = folder.File("job");
+  driver.Then({{"folder", job}});
+  Trigger("saveFolder");
+  EXPECT_FALSE(window.Job().IsChanged());
+  Trigger("new");
+  EXPECT_EQ(window.Job().Document().GetLibCmp()->GetJobArSize(), 0);
+  window.OpenOrImport(job);
+  EXPECT_EQ(window.Job().Document().GetLibCmp()->GetJobArSize(), 1);
+  ASSERT_FALSE(RecentJobs().isEmpty());
+  EXPECT_EQ(RecentJobs().front(), Q(job));
+  driver.Then({{"path", "copy"}});
+  Trigger("saveDocument");
+  EXPECT_TRUE(std::filesystem::exists(job + "/copy.json"));
+}
+
+TEST_F(WholeWindow, AsksBeforeChangesAreLost) {
+  window.OpenOrImport(folder.Write("field.jb2", e2e::SmallJb2()));
+  driver.Answer("No");
+  EXPECT_FALSE(window.close());
+  driver.Answer("Yes");
+  EXPECT_TRUE(window.close());
+}
+
+TEST_F(WholeWindow, ChangesItsLanguage) {
+  Trigger("language.it");
+  EXPECT_EQ(Language(), "it");
+  EXPECT_EQ(ChosenLanguage(), "it");
+  EXPECT_EQ(TreeText(Find<QTreeView>(window, "tree").model()->index(2, 0)), "Punti noti (0)");
+  Trigger("language.en");
+  EXPECT_EQ(Language(), "en");
+}
+
+TEST_F(WholeWindow, ShowsAnglesInTheChosenUnit) {
+  window.OpenOrImport(folder.Write("field.jb2", e2e::SmallJb2()));
+  window.GoTo({NodeKind::kStation, 0, 0});
+  auto& table = Find<QTableView>(window, "table");
+  const QString gon = table.model()->index(0, 6).data().toString();
+  Trigger("angle.2");
+  window.GoTo({NodeKind::kJobs});
+  window.GoTo({NodeKind::kStation, 0, 0});
+  EXPECT_NE(table.model()->index(0, 6).data().toString(), gon);
+  EXPECT_TRUE(table.model()->index(0, 6).data().toString().contains(QChar(0xb0)));
+}
+
+TEST_F(WholeWindow, SetsTheReferenceSystemOfGpsGroups) {
+  window.Job().Document().GetLibGps()->AddGrp(true);
+  driver.Then({{"crs", "EPSG:0"}});
+  driver.Answer("OK");
+  Trigger("referenceSystem");
+  EXPECT_TRUE(window.Job().Document().GetLibGps()->GetGrpAt(0)->GetCrs().IsEmpty());
+  driver.Then({{"crs", "EPSG:32632"}});
+  Trigger("referenceSystem");
+  EXPECT_EQ(window.Job().Document().GetLibGps()->GetGrpAt(0)->GetCrs().ToUtf8(), "EPSG:32632");
+}
+
+TEST_F(WholeWindow, ACancelledExchangeLeavesNoReportAndNoUndo) {
+  driver.Then({}, "Cancel");
+  Trigger("FImportJB2File");
+  EXPECT_EQ(Report(), "");
+  EXPECT_FALSE(window.Job().CanUndo());
+  EXPECT_FALSE(window.Job().IsChanged());
+}
+
+TEST_F(WholeWindow, TellsWhenThereIsNothingToExport) {
+  driver.Answer("OK");
+  Trigger("FExportJB2File");
+  EXPECT_EQ(driver.messages, std::vector<std::string>{"There are no data to export."});
+}
+
+}  // namespace
