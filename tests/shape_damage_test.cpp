@@ -173,4 +173,16 @@ TEST_F(ShapeDamage, WhatIsNoShapeFileIsRefusedAndSoIsItsType) {
   EXPECT_EQ(files.EntityTypeOf(tdk::WString(folder.File("none.shp"))), -1);
 }
 
+TEST_F(ShapeDamage, AnIndexOrReferenceSystemOfGigabytesIsNotRead) {
+  WriteGood();
+  for (const char* const name : {"good.shx", "good.prj"}) {
+    folder.Write(name, "x");
+    std::filesystem::resize_file(folder.File(name), std::uintmax_t{1} << 40);
+  }
+  const ShapeOutcome read = Import("good.shp");
+  EXPECT_TRUE(read.isDone);
+  EXPECT_THAT(Texts(read.notes), Contains("its reference system (.prj) cannot be read"));
+  EXPECT_EQ(Last().GetNumFeatures(), 5);
+}
+
 }  // namespace
