@@ -36,7 +36,7 @@ class FakeShapeFiles : public IShapeFiles {
   int entityType = 1;
   bool hasTable = true;
   std::vector<const char*> fields = {"NAME", "CODE", "HEIGHT"};
-  ShapeOutcome outcome{true, 0, {}, {}};
+  ShapeOutcome outcome{true, 0, {}, {}, {}};
   std::function<void(const ShapeImport&)> onImport;
   tdk::WString overwrites;  ///< an export asks first whether it may replace this path; empty: none
 
