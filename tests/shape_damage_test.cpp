@@ -37,7 +37,7 @@ class ShapeDamage : public Sets {
         files.Import({&fresh, tdk::WString(path), nullptr, nullptr, {true, 0, 1}});
     EXPECT_EQ(fresh.GetNumThemes(), read.isDone ? 1 : 0);
     EXPECT_EQ(fresh.GetNumTables(), read.isDone ? 1 : 0);
-    if (!read.isDone) EXPECT_EQ(read.result, kShapeInconsistent);
+    EXPECT_EQ(read.result, read.isDone ? kShapeImported : kShapeInconsistent);
     return read;
   }
 
@@ -171,6 +171,18 @@ TEST_F(ShapeDamage, WhatIsNoShapeFileIsRefusedAndSoIsItsType) {
   EXPECT_EQ(typeOf(ShpFile(25, {})), 3);
   EXPECT_EQ(typeOf(ShpFile(31, {})), 3);
   EXPECT_EQ(files.EntityTypeOf(tdk::WString(folder.File("none.shp"))), -1);
+}
+
+TEST_F(ShapeDamage, AnIndexOrReferenceSystemOfGigabytesIsNotRead) {
+  WriteGood();
+  for (const char* const name : {"good.shx", "good.prj"}) {
+    folder.Write(name, "x");
+    std::filesystem::resize_file(folder.File(name), std::uintmax_t{1} << 40);
+  }
+  const ShapeOutcome read = Import("good.shp");
+  EXPECT_TRUE(read.isDone);
+  EXPECT_THAT(Texts(read.notes), Contains("its reference system (.prj) cannot be read"));
+  EXPECT_EQ(Last().GetNumFeatures(), 5);
 }
 
 }  // namespace

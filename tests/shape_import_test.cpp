@@ -10,20 +10,20 @@ using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::IsEmpty;
 
-class ShapeImport_ : public Sets {
+class ShapeImports : public Sets {
  protected:
-  ShapeImport_() {
+  ShapeImports() {
     folder.Write("points.shp", ShpFile(1, {PointContent(10, 20), PointContent(30, 40)}));
     folder.Write("points.dbf", DbfFile({{"NAME", 'C', 4}, {"CODE", 'N', 3}, {"DAY", 'D', 8}},
                                        {" P1   7 20240229", " P2   8 00000000"}));
   }
-  ~ShapeImport_() override { IShapeFiles::SetCurrent(nullptr); }
+  ~ShapeImports() override { IShapeFiles::SetCurrent(nullptr); }
 
   /// Through the host's function, as the module calls it.
-  bool Call(gis::IGisMerger* merger, gis::ILinkImportedEnt* link = nullptr) {
+  bool Call(gis::IGisMerger* itsMerger, gis::ILinkImportedEnt* receiver = nullptr) {
     IShapeFiles::SetCurrent(&files);
     tdk::WString path(folder.File("points.shp"));
-    return FImportFileShape(&library, path, name, &result, link, merger, options);
+    return FImportFileShape(&library, path, name, &result, receiver, itsMerger, options);
   }
   /// The known points as "name code x y z".
   std::vector<std::string> Points(int group) {
@@ -46,7 +46,7 @@ class ShapeImport_ : public Sets {
   int result = -7;
 };
 
-TEST_F(ShapeImport_, Answers0AndTheNameOfTheFile) {
+TEST_F(ShapeImports, Answers0AndTheNameOfTheFile) {
   EXPECT_TRUE(Call(&merger));
   EXPECT_EQ(result, kShapeImported);
   EXPECT_EQ(name, "points");
@@ -54,14 +54,14 @@ TEST_F(ShapeImport_, Answers0AndTheNameOfTheFile) {
   EXPECT_EQ(library.GetTheme(0)->GetTable(), library.FindTable("points"));
 }
 
-TEST_F(ShapeImport_, Answers1AndThePathForAFileThatIsNotThere) {
+TEST_F(ShapeImports, Answers1AndThePathForAFileThatIsNotThere) {
   std::filesystem::remove(folder.File("points.shp"));
   EXPECT_FALSE(Call(&merger));
   EXPECT_EQ(result, kShapeFileNotFound);
   EXPECT_EQ(name, tdk::WString(folder.File("points.shp")));
 }
 
-TEST_F(ShapeImport_, Answers3ForATableThatCannotBeRead) {
+TEST_F(ShapeImports, Answers3ForATableThatCannotBeRead) {
   folder.Write("points.dbf", "rubbish");
   EXPECT_FALSE(Call(&merger));
   EXPECT_EQ(result, kShapeInconsistent);
@@ -69,7 +69,7 @@ TEST_F(ShapeImport_, Answers3ForATableThatCannotBeRead) {
   EXPECT_EQ(library.GetNumTables(), 0);
 }
 
-TEST_F(ShapeImport_, Answers4AndTheNewNameForATableWhoseNameIsTaken) {
+TEST_F(ShapeImports, Answers4AndTheNewNameForATableWhoseNameIsTaken) {
   library.AddTable(std::make_unique<gis::CTable>("POINTS"), false);
   EXPECT_TRUE(Call(&merger));
   EXPECT_EQ(result, kShapeTableRenamed);
@@ -77,14 +77,14 @@ TEST_F(ShapeImport_, Answers4AndTheNewNameForATableWhoseNameIsTaken) {
   EXPECT_EQ(library.GetTheme(0)->GetTable()->GetName(), "points_1");
 }
 
-TEST_F(ShapeImport_, Answers6WithoutAMergerForATableWhoseNameIsTaken) {
+TEST_F(ShapeImports, Answers6WithoutAMergerForATableWhoseNameIsTaken) {
   library.AddTable(std::make_unique<gis::CTable>("points"), false);
   EXPECT_FALSE(Call(nullptr));
   EXPECT_EQ(result, kShapeTablePresent);
   EXPECT_EQ(library.GetNumThemes(), 0);
 }
 
-TEST_F(ShapeImport_, Answers8ForAThemeWhoseNameIsTaken) {
+TEST_F(ShapeImports, Answers8ForAThemeWhoseNameIsTaken) {
   EXPECT_TRUE(Call(&merger));
   EXPECT_FALSE(Call(&merger));
   EXPECT_EQ(result, kShapeThemePresent);
@@ -92,7 +92,7 @@ TEST_F(ShapeImport_, Answers8ForAThemeWhoseNameIsTaken) {
   EXPECT_EQ(library.GetNumTables(), 1);
 }
 
-TEST_F(ShapeImport_, AThemeThatTheHostRefusesLeavesNothing) {
+TEST_F(ShapeImports, AThemeThatTheHostRefusesLeavesNothing) {
   struct NoThemes : AddPolicy {
     bool MayAdd(AddedKind kind) override { return kind != AddedKind::kGisTheme; }
   } policy;
@@ -102,7 +102,7 @@ TEST_F(ShapeImport_, AThemeThatTheHostRefusesLeavesNothing) {
   EXPECT_EQ(library.GetNumTables(), 0);
 }
 
-TEST_F(ShapeImport_, WithoutATableThereAreNoValues) {
+TEST_F(ShapeImports, WithoutATableThereAreNoValues) {
   std::filesystem::remove(folder.File("points.dbf"));
   EXPECT_TRUE(Call(&merger));
   EXPECT_EQ(library.GetTheme(0)->GetNumFeatures(), 2);
@@ -110,7 +110,7 @@ TEST_F(ShapeImport_, WithoutATableThereAreNoValues) {
               Contains("there is no table (.dbf); the features have no values"));
 }
 
-TEST_F(ShapeImport_, FilesMayHaveCapitalExtensionsAndDotsInTheirNames) {
+TEST_F(ShapeImports, FilesMayHaveCapitalExtensionsAndDotsInTheirNames) {
   for (const char* const extension : {"shp", "dbf"}) {
     std::filesystem::rename(
         folder.File(std::string("points.") + extension),
@@ -125,7 +125,7 @@ TEST_F(ShapeImport_, FilesMayHaveCapitalExtensionsAndDotsInTheirNames) {
   }
 }
 
-TEST_F(ShapeImport_, PointsGoIntoAGroupNamedAfterTheFile) {
+TEST_F(ShapeImports, PointsGoIntoAGroupNamedAfterTheFile) {
   options = {true, 0, 1};
   EXPECT_TRUE(Call(&merger, &link));
   ASSERT_EQ(known.GetGrpArSize(), 1);
@@ -133,19 +133,19 @@ TEST_F(ShapeImport_, PointsGoIntoAGroupNamedAfterTheFile) {
   EXPECT_THAT(Points(0), ElementsAre("P1 7 10 20 -", "P2 8 30 40 -"));
 }
 
-TEST_F(ShapeImport_, WithoutFieldsPointsAreNumbered) {
+TEST_F(ShapeImports, WithoutFieldsPointsAreNumbered) {
   options = {true, -1, -1};
   Call(&merger, &link);
   EXPECT_THAT(Points(0), ElementsAre("1  10 20 -", "2  30 40 -"));
 }
 
-TEST_F(ShapeImport_, FieldsThatAreNotThereAndDatesAreNoTrouble) {
+TEST_F(ShapeImports, FieldsThatAreNotThereAndDatesAreNoTrouble) {
   options = {true, 99, 2};
   Call(&merger, &link);
   EXPECT_THAT(Points(0), ElementsAre("1 2024-02-29 10 20 -", "2  30 40 -"));
 }
 
-TEST_F(ShapeImport_, NoPointsUnlessTheyAreWanted) {
+TEST_F(ShapeImports, NoPointsUnlessTheyAreWanted) {
   EXPECT_TRUE(Call(&merger, &link));
   EXPECT_EQ(known.GetGrpArSize(), 0);
   options.createPoints = true;
@@ -153,7 +153,7 @@ TEST_F(ShapeImport_, NoPointsUnlessTheyAreWanted) {
   EXPECT_TRUE(Call(&merger, nullptr));
 }
 
-TEST_F(ShapeImport_, VerticesOfPolygonsBecomePointsOnceEach) {
+TEST_F(ShapeImports, VerticesOfPolygonsBecomePointsOnceEach) {
   ThemeMaker made("walls", EntityType::kPolygon);
   made.Field("NAME", FieldType::kText).Feature({Square(0, 0, 10)}, {std::string_view("x")});
   Export(made);
@@ -162,7 +162,7 @@ TEST_F(ShapeImport_, VerticesOfPolygonsBecomePointsOnceEach) {
   EXPECT_EQ(Points(0)[3], "4  10 0 -");
 }
 
-TEST_F(ShapeImport_, PointsThatTheHostRefusesAreCounted) {
+TEST_F(ShapeImports, PointsThatTheHostRefusesAreCounted) {
   struct NoPoints : AddPolicy {
     bool MayAdd(AddedKind kind) override { return kind != AddedKind::kKnownPoint; }
   } policy;
@@ -172,7 +172,7 @@ TEST_F(ShapeImport_, PointsThatTheHostRefusesAreCounted) {
   EXPECT_THAT(Texts(files.TakeNotes()), Contains("points that the host refused: 2"));
 }
 
-TEST_F(ShapeImport_, WithoutFilesOfTheHostNothingIsRead) {
+TEST_F(ShapeImports, WithoutFilesOfTheHostNothingIsRead) {
   IShapeFiles::SetCurrent(nullptr);
   tdk::WString path(folder.File("points.shp"));
   EXPECT_FALSE(FImportFileShape(&library, path, name, &result, nullptr, &merger, options));

@@ -87,7 +87,7 @@ TEST_F(ShapeTableRead, ANumberThatIsNoneIsNullAndCounted) {
 TEST_F(ShapeTableRead, NullsAreBlanksAndStars) {
   for (const char* const text : {"    ", "****"}) {
     EXPECT_TRUE(gis::IsNull(Number(text)));
-    EXPECT_THAT(outcome.notes, IsEmpty());
+    EXPECT_THAT(Texts(outcome.notes), Not(Contains(HasSubstr("none of its kind"))));
   }
   EXPECT_EQ(Number("0"), Value(std::int64_t{0}));
 }
@@ -103,7 +103,7 @@ TEST_F(ShapeTableRead, WholeNumbersThatAreNoneMakeTheFieldOneOfReals) {
 
 TEST_F(ShapeTableRead, DatesAndFlags) {
   Write(DbfFile({{"D", 'D', 8}, {"L", 'L', 1}}, {" 20240229T", " 20230229f", " 00000000?",
-                                                 "         ", " 2024010Xx", " 18991231y"}),
+                                                 "          ", " 2024010Xx", " 18991231y"}),
         6);
   const ShapeOutcome read = Read();
   EXPECT_EQ(ValueOf(0, 0), Value(gis::Date{2024, 2, 29}));

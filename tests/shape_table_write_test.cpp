@@ -130,7 +130,8 @@ TEST_F(ShapeTableWrite, RefusesARecordThatIsTooLong) {
     made.Field(("F" + std::to_string(i)).c_str(), FieldType::kText, 254);
   }
   EXPECT_TRUE(Export(made).isDone);  // 64,771
-  EXPECT_FALSE(shape::DbfLayout{.columns = {}, .recordLength = 65536}.Fits());
+  const shape::DbfLayout tooLong{{}, 65536};
+  EXPECT_FALSE(tooLong.Fits());
 }
 
 TEST(ShapeFileSize, IsKnownBeforeItIsWritten) {

@@ -65,8 +65,9 @@ struct StoreGis : testing::Test {
   void ReadThemes() { Read(JobWith(kThemes), document); }
   const gis::CTheme& Theme(int i = 0) { return *document.GetLibGis()->GetTheme(i); }
   std::string ComplaintAfter(const std::string& sql) {
-    ReadThemes();
-    SaveJob(folder.Path(), document);
+    HostDocument fresh;
+    Read(JobWith(kThemes), fresh);
+    SaveJob(folder.Path(), fresh);
     sqlite3* database = nullptr;
     EXPECT_EQ(sqlite3_open(folder.File(kJobDatabaseName).c_str(), &database), SQLITE_OK);
     EXPECT_EQ(sqlite3_exec(database, sql.c_str(), nullptr, nullptr, nullptr), SQLITE_OK)

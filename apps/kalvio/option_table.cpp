@@ -92,7 +92,8 @@ constexpr auto kOptions = std::to_array<OptionRow>({
     {"convert compute", "--add-prism-constant", nullptr,
      ToXlate("prism constants are not in the distances yet"), kNoFallback},
     {"convert compute plot", "--crs", "AUTH:CODE",
-     ToXlate("reference system of the plane coordinates of GPS groups, such as EPSG:32632"),
+     ToXlate("reference system of the plane coordinates of GPS groups and Shape files, such as "
+             "EPSG:32632"),
      kNoFallback},
     {"convert", "--terrain", nullptr,
      ToXlate("make a terrain model of the points, and write it where the format has such"),

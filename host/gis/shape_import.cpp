@@ -15,7 +15,12 @@ namespace {
 
 constexpr std::uint64_t kMostLabel = 1024;
 constexpr std::uint64_t kMostReferenceSystem = 64 * 1024;
-constexpr std::uint64_t kMostIndex = std::uint64_t{1} << 32;
+
+// Of so many bytes of shapes: eight of the index for each record, which has twelve at least.
+std::uint64_t LargestIndex(std::uint64_t shapeBytes) {
+  constexpr std::uint64_t kHeader = 100;
+  return kHeader + shapeBytes / 12 * 8;
+}
 
 /// Without a merger no name changes: what is taken is refused.
 class RefusingMerger : public gis::CGisMerger {
@@ -78,7 +83,7 @@ class Import {
     if (!platform::IsThere(path) || !shp_.Open(path)) {
       throw Refusal{kShapeFileNotFound, what_.path};
     }
-    const std::string shx = ReadSibling(base_, "shx", kMostIndex).value_or("");
+    const std::string shx = ReadSibling(base_, "shx", LargestIndex(shp_.Size())).value_or("");
     shapes_ = ShpReader::Open(shp_, shx, remarks_);
     if (shapes_ == nullptr) RefuseAsInconsistent();
   }
@@ -154,6 +159,9 @@ class Import {
   void ReadReferenceSystem() {
     const auto wkt = ReadSibling(base_, "prj", kMostReferenceSystem);
     if (wkt) theme_->SetReferenceSystem(*wkt);
+    if (!wkt && platform::IsThere(Sibling(base_, "prj"))) {
+      Remark(remarks_, ToXlate("its reference system (.prj) cannot be read"));
+    }
   }
 
   void Keep() {

@@ -1,7 +1,6 @@
 #include "host/gis/shp_writer.h"
 
 #include <algorithm>
-#include <limits>
 #include <vector>
 
 #include "host/gis/ring_order.h"
@@ -10,8 +9,8 @@
 namespace shape {
 namespace {
 
-// No measure, as other programs write it.
-constexpr double kNoMeasure = -std::numeric_limits<double>::max();
+// No measure: anything below -1e38.
+constexpr double kNoMeasure = -1e39;
 
 bool HasSeveralPoints(const gis::CTheme& theme) {
   for (int feature = 0; feature < theme.GetNumFeatures(); ++feature) {
