@@ -15,7 +15,8 @@ using testing::Not;
 using testing::SizeIs;
 using testing::StartsWith;
 
-const std::vector<std::string> kCommands = {"convert", "plot", "show", "call", "formats"};
+const std::vector<std::string> kCommands = {"convert", "cadastral", "plot",
+                                            "show",    "call",      "formats"};
 const std::vector<std::string> kLanguages = {"en", "it"};
 
 // Characters that begin one: all bytes but those that go on with one.
@@ -226,8 +227,8 @@ std::vector<std::string> Completions(const std::vector<std::string>& words) {
 }
 
 TEST(BashCompletion, OffersCommandsOptionsFunctionsAndChoices) {
-  EXPECT_THAT(Completions({""}),
-              ElementsAre("call", "compute", "convert", "formats", "plot", "show", "terrain"));
+  EXPECT_THAT(Completions({""}), ElementsAre("cadastral", "call", "compute", "convert", "formats",
+                                             "plot", "show", "terrain"));
   EXPECT_THAT(Completions({"--v"}), ElementsAre("--version"));
   EXPECT_THAT(Completions({"convert", "--pro"}), ElementsAre("--progress"));
   EXPECT_THAT(Completions({"convert", "--progress", "a"}), ElementsAre("always", "auto"));

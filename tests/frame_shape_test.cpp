@@ -37,7 +37,7 @@ class FrameShape : public FrameTest {
   }
   // What an import says whose host answers so.
   std::vector<ShownMessage> Said(bool isDone, int result) {
-    files.outcome = {isDone, result, "points_1", {}};
+    files.outcome = FakeShapeFiles::Outcome(isDone, result, "points_1");
     views.messages.clear();
     EXPECT_TRUE(Import());
     return views.messages;
@@ -73,7 +73,7 @@ TEST_F(FrameShape, ExportOfNoThemeIsConfirmedAllTheSame) {
 }
 
 TEST_F(FrameShape, ExportThatFailsTwiceTellsTheShapeFileFirstAndGoesOn) {
-  files.outcome = {false, 3, {}, {}};
+  files.outcome = FakeShapeFiles::Outcome(false, 3);
   EXPECT_EQ(Export({0, 1}), 1);
   const auto said = [](const char* file) {
     return ShownMessage{"Warning",
@@ -86,14 +86,14 @@ TEST_F(FrameShape, ExportThatFailsTwiceTellsTheShapeFileFirstAndGoesOn) {
 }
 
 TEST_F(FrameShape, ExportThatFailsOnceTellsThatFile) {
-  files.outcome = {false, 2, {}, {}};
+  files.outcome = FakeShapeFiles::Outcome(false, 2);
   EXPECT_EQ(Export({0}), 1);
   ASSERT_THAT(views.messages, SizeIs(1));
   EXPECT_THAT(views.messages[0].text, testing::HasSubstr("trees.dbf"));
 }
 
 TEST_F(FrameShape, ExportThatTheUserDidNotWantIsNoFailure) {
-  files.outcome = {false, 0, {}, {}};
+  files.outcome = FakeShapeFiles::Outcome(false, 0);
   EXPECT_EQ(Export({0}), 1);
   EXPECT_THAT(views.messages, IsEmpty());
 }

@@ -102,7 +102,7 @@ std::string ProgramHelp() {
   for (const CommandRow& row : CommandTable()) {
     commands.push_back({row.name, Translated(row.summary)});
   }
-  return Translated(ToXlate("Usage: kalvio COMMAND [options]")) + "\n\n" +
+  return Translated(ToXlate("Usage: kalvio COMMAND [options]")) + "\n" +
          Wrapped(Translated(ToXlate("Brings field-survey jobs in and out of their file formats.")),
                  kScreenWidth, 0) +
          Heading(ToXlate("Commands:")) + Entries(commands) + Heading(ToXlate("Options:")) +

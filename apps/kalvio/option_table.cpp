@@ -156,8 +156,8 @@ constexpr std::array kTerrainExamples = {
 };
 constexpr std::array kCadastralExamples = {
     "kalvio cadastral survey/",
-    "kalvio cadastral survey/ --set date=20112025 --set municipality=H223 --set parcels=64,65",
-    "kalvio cadastral survey/ --set contours=RC,101,102,103,101 --set contours=NC,102,104",
+    "kalvio cadastral survey/ --set date=20112025 --set parcels=64,65",
+    "kalvio cadastral survey/ --set contours=RC,1,2,3,1 --set contours=NC,4,5",
 };
 constexpr std::array kPlotExamples = {
     "kalvio plot survey/ plan.pdf",

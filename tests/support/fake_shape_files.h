@@ -9,6 +9,14 @@
 
 class FakeShapeFiles : public IShapeFiles {
  public:
+  static ShapeOutcome Outcome(bool isDone, int result, const char* name = "") {
+    ShapeOutcome made;
+    made.isDone = isDone;
+    made.result = result;
+    made.name = name;
+    return made;
+  }
+
   FakeShapeFiles() : previous_(Current()) { SetCurrent(this); }
   ~FakeShapeFiles() override { SetCurrent(previous_); }
 
@@ -36,7 +44,7 @@ class FakeShapeFiles : public IShapeFiles {
   int entityType = 1;
   bool hasTable = true;
   std::vector<const char*> fields = {"NAME", "CODE", "HEIGHT"};
-  ShapeOutcome outcome{true, 0, {}, {}, {}};
+  ShapeOutcome outcome = Outcome(true, 0);
   std::function<void(const ShapeImport&)> onImport;
   tdk::WString overwrites;  ///< an export asks first whether it may replace this path; empty: none
 
