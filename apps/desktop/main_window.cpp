@@ -178,9 +178,9 @@ void MainWindow::OpenOrImport(const std::string& path) {
 std::optional<std::string> MainWindow::AskForFolder() {
   QtViews views(this, shape_);
   CWnd window(&views);
-  const auto folder = AskForJobFolder(&window, CJobsFolder::GetJobNameFolderNoSlash());
-  if (!folder) return std::nullopt;
-  return platform::NativePath(folder->ToUtf8());
+  tdk::WString folder = CJobsFolder::GetJobNameFolderNoSlash();
+  if (!DlgSelectJobFolder(CCloudManager::GetInstance(), &window, folder)) return std::nullopt;
+  return platform::NativePath(folder.ToUtf8());
 }
 
 std::optional<std::string> MainWindow::AskForDocument(bool isOpen) {

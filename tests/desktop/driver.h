@@ -85,6 +85,8 @@ class Driver {
       if (window.isVisible()) window.reject();
     });
   }
+  /// The same without entering anything.
+  void Push(std::string button) { Then(DialogState::object(), std::move(button)); }
   /// Answers a message box.
   void Answer(std::string button) {
     Then([button = std::move(button)](QDialog& window) { Press(window, button); });

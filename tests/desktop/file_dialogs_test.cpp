@@ -1,8 +1,10 @@
 // The windows that choose files and folders, the options of drawings, message boxes, waiting.
 #include <QLabel>
+#include <QProgressBar>
 
 #include "apps/desktop/dialogs/message_view.h"
 #include "apps/desktop/dialogs/wait_view.h"
+#include "platform/paths.h"
 #include "services/file_dialog.h"
 #include "services/job_folder_dialog.h"
 #include "services/message_box.h"
@@ -89,13 +91,13 @@ TEST_F(FileWindow, AsksBeforeAnExportReplacesAFile) {
 }
 
 TEST_F(FileWindow, WantsAFile) {
-  driver.Then({});
+  driver.Push("OK");
   driver.Answer("OK");
   EXPECT_EQ(Ask(true), "");
   driver.Then({{"path", "nothing-there"}});
   driver.Answer("OK");
   EXPECT_EQ(Ask(true), "");
-  driver.Then({});
+  driver.Push("OK");
   driver.Answer("OK");
   EXPECT_EQ(Ask(false), "");
   EXPECT_EQ(driver.messages, (Names{"Select a valid file to import.", "Select a valid file to import.",
@@ -155,9 +157,9 @@ TEST_F(FileWindow, ChoosesAJobFolder) {
     Q_EMIT list.itemActivated(list.item(1));
     Press(window, "OK");
   });
-  const auto chosen = AskForJobFolder(&parent, tdk::WString(folder.Path()));
-  ASSERT_TRUE(chosen.has_value());
-  EXPECT_EQ(platform::NativePath(chosen->ToUtf8()), folder.File("job"));
+  tdk::WString chosen(folder.Path());
+  EXPECT_TRUE(DlgSelectJobFolder(CCloudManager::GetInstance(), &parent, chosen));
+  EXPECT_EQ(platform::NativePath(chosen.ToUtf8()), folder.File("job"));
 }
 
 TEST_F(FileWindow, MakesAFolderThatIsNotThere) {
@@ -168,7 +170,8 @@ TEST_F(FileWindow, MakesAFolderThatIsNotThere) {
     EXPECT_FALSE(Find<QPushButton>(window, "newFolder").isEnabled());
     Press(window, "OK");
   });
-  EXPECT_TRUE(AskForJobFolder(&parent, tdk::WString(folder.Path())).has_value());
+  tdk::WString chosen(folder.Path());
+  EXPECT_TRUE(DlgSelectJobFolder(CCloudManager::GetInstance(), &parent, chosen));
   EXPECT_TRUE(std::filesystem::is_directory(folder.File("new")));
 }
 

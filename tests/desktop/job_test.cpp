@@ -1,4 +1,6 @@
 // The job as a tree and a table, undo, the report.
+#include <gtest/gtest.h>
+
 #include <QAbstractItemModelTester>
 
 #include "apps/desktop/job/desktop_job.h"
@@ -11,8 +13,6 @@
 #include "services/jobs_folder.h"
 #include "tests/desktop/screenshots_job.h"
 #include "tests/support/temporary_folder.h"
-
-#include <gtest/gtest.h>
 
 namespace {
 
@@ -190,7 +190,8 @@ TEST_F(JobModels, AWarningLeadsToTheObjectThatItNames) {
 
 TEST(ExchangeCommands, AreFunctionsOfTheModule) {
   for (const ExchangeCommand& command : ExchangeTable()) {
-    if (command.function != nullptr) EXPECT_TRUE(IsModuleFunction(command.function));
+    if (command.function == nullptr) continue;
+    EXPECT_TRUE(IsModuleFunction(command.function));
   }
 }
 

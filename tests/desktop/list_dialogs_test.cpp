@@ -22,7 +22,6 @@ class ListWindows : public DesktopTest {
     theme->SetTable(library.AddTable(std::move(table), true));
     library.AddTheme(std::move(theme), true);
   }
-  static void Push(QDialog& window, const char* button) { Press(window, button); }
 };
 
 TEST_F(ListWindows, WalkThroughTheLandXmlPages) {
@@ -43,7 +42,7 @@ TEST_F(ListWindows, WalkThroughTheLandXmlPages) {
         << "a page shown again keeps its marks";
     Press(window, ">>");
   });
-  driver.Then({}, ">>");
+  driver.Push(">>");
   driver.Then([](QDialog& window) {
     EXPECT_EQ(window.windowTitle(), "Road Projects");
     Press(window, "Cancel");
@@ -69,7 +68,7 @@ TEST_F(ListWindows, SelectAndDeselectAll) {
     EXPECT_EQ(jobs.item(0)->checkState(), Qt::Unchecked);
     window.reject();
   });
-  driver.Then({}, "Cancel");
+  driver.Push("Cancel");
   EXPECT_EQ(Call("FExportLandXMLFile"), 1) << "the file dialog was shown";
 }
 

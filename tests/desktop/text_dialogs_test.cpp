@@ -76,7 +76,7 @@ TEST_F(TextWindows, StayOpenWhenALayoutIsCancelled) {
     EXPECT_TRUE(window.isVisible());
     window.reject();
   });
-  driver.Then({}, "Cancel");
+  driver.Push("Cancel");
   EXPECT_EQ(Call("FExportCSVFile"), 0);
   EXPECT_FALSE(std::filesystem::exists(folder.File("x.csv")));
 }

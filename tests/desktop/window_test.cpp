@@ -203,7 +203,7 @@ TEST_F(WholeWindow, SetsTheReferenceSystemOfGpsGroups) {
 }
 
 TEST_F(WholeWindow, ACancelledExchangeLeavesNoReportAndNoUndo) {
-  driver.Then({}, "Cancel");
+  driver.Push("Cancel");
   Trigger("FImportJB2File");
   EXPECT_EQ(Report(), "");
   EXPECT_FALSE(window.Job().CanUndo());

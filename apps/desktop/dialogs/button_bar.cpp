@@ -3,9 +3,18 @@
 #include <QGridLayout>
 #include <QHBoxLayout>
 #include <QVBoxLayout>
+#include <array>
 
 #include "apps/desktop/dialogs/mnemonics.h"
 #include "apps/desktop/qt_text.h"
+
+namespace {
+
+// What presenters call their buttons, for the catalogues.
+[[maybe_unused]] constexpr std::array kLabels = {ToXlate("OK"), ToXlate("Cancel"),
+                                                 ToXlate("Select All"), ToXlate("Deselect All")};
+
+}  // namespace
 
 ButtonBar::ButtonBar(const std::vector<std::string_view>& labels, const DialogShape& shape,
                      const std::function<void(std::string_view)>& press) {

@@ -173,7 +173,7 @@ void PlanModel::AddDrawings(HostDocument& document) {
   for (std::size_t id = 1; id < drawings.size(); ++id) {
     DrawingParts& parts = drawings[id];
     if (parts.colors.empty()) continue;
-    PlanLayer layer{.kind = LayerKind::kDrawing};
+    PlanLayer layer{.kind = LayerKind::kDrawing, .name = {}};
     layer.position = static_cast<int>(id);
     layer.name = engine.GetDrawingName(layer.position).ToUtf8();
     layer.isVisible = engine.IsDrawingVisible(layer.position);
@@ -193,7 +193,7 @@ void PlanModel::AddTerrain() {
     Add(std::move(sides), TriangleSides(model));
     const std::vector<Leg> lines = Breaklines(model);
     if (lines.empty()) continue;
-    PlanLayer breaklines{.kind = LayerKind::kBreaklines};
+    PlanLayer breaklines{.kind = LayerKind::kBreaklines, .name = {}};
     breaklines.name = Fill(Xlate("{1}: breaklines"), {model.GetName()}).ToUtf8();
     breaklines.position = static_cast<int>(i);
     breaklines.color = 0x78451A;

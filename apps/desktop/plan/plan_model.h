@@ -30,7 +30,7 @@ enum class LayerKind { kNames, kCodes, kPoints, kTheme, kDrawing, kTerrain, kBre
 /// Something that can be shown or not.
 struct PlanLayer {
   LayerKind kind;
-  std::string name;  ///< for the user
+  std::string name = {};  ///< for the user
   bool isVisible = true;
   int position = 0;  ///< in its library; of points: the kind of mark; of a drawing: its id
   Rgb color = 0;

@@ -209,9 +209,9 @@ class Painter {
     painter_.fillRect(QRectF(left - 5, low - 24, std::max(pixels, textWidth) + 10, 29),
                       QColor(255, 255, 255, 200));
     painter_.setPen(QPen(Qt::black, 1));
-    painter_.drawLines({{left, low, left + pixels, low},
-                        {left, low - 4, left, low},
-                        {left + pixels, low - 4, left + pixels, low}});
+    painter_.drawLines(QList<QLineF>{{left, low, left + pixels, low},
+                                     {left, low - 4, left, low},
+                                     {left + pixels, low - 4, left + pixels, low}});
     painter_.drawText(QPointF(left, low - 8), text);
   }
 
