@@ -1,5 +1,6 @@
 #include <cmath>
 #include <string>
+#include <string_view>
 #include <unordered_set>
 
 #include "services/display/displays.h"
@@ -96,10 +97,12 @@ void ForEachCadastralPoint(const CCts& cadastre, CTcadEng& engine, Visit visit) 
   }
 }
 
-// The names of all stations and known points: who sights one of them orients himself.
-std::unordered_set<std::string> ReferenceNames(ExchangeContext& document) {
-  std::unordered_set<std::string> names;
+// The names of all stations and known points: who sights one of them orients himself. They are
+// those of the libraries, and nobody is asked for without a job.
+std::unordered_set<std::string_view> ReferenceNames(ExchangeContext& document) {
+  std::unordered_set<std::string_view> names;
   const CLibCmp& jobs = *document.GetLibCmp();
+  if (jobs.GetJobArSize() == 0) return names;
   for (int job = 0; job < jobs.GetJobArSize(); ++job) {
     for (int sta = 0; sta < jobs.GetStaArSize(job); ++sta) {
       names.emplace(jobs.GetStaAt(job, sta)->NameUtf8());
@@ -202,14 +205,14 @@ CDisLibCmp::CDisLibCmp(CTcadEng* engine, CDocSymbolManager* symbols, ExchangeCon
 
 void CDisLibCmp::AddAllLibCmp(bool explode) {
   if (document_.GetLibCmp() == nullptr) return;
-  const std::unordered_set<std::string> references = ReferenceNames(document_);
+  const std::unordered_set<std::string_view> references = ReferenceNames(document_);
   const CEgn* station = nullptr;
   ForEachTotalStationPoint(
       *document_.GetLibCmp(), engine_,
       [&](const CEgn& point, Symbol symbol, const TargetLayers& layers) {
         Draw(point, symbol, layers, explode);
         if (symbol == Symbol::kStation) station = &point;
-        if (symbol == Symbol::kPoint && references.contains(std::string(point.NameUtf8()))) {
+        if (symbol == Symbol::kPoint && references.contains(point.NameUtf8())) {
           DrawSight(*station, point, layers);
         }
       });
