@@ -142,9 +142,9 @@ TEST(ShapeOutputSet, RewritesBytesThatWereWrittenBefore) {
   platform::OutputFile file;
   ASSERT_TRUE(file.Open(folder.File("a")));
   file.Buffer() += "0000 and more";
-  file.Rewrite(0, "1234");
+  file.Overwrite(0, "1234");
   file.Buffer() += "!";
-  file.Rewrite(5, "AND");
+  file.Overwrite(5, "AND");
   EXPECT_TRUE(file.Commit());
   EXPECT_EQ(ReadBytes(folder.File("a")), "1234 AND more!");
 }

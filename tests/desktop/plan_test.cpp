@@ -140,9 +140,13 @@ TEST(PlanModel, HasALayerForEachThingThatCanBeShown) {
 TEST(PlanModel, EntitiesOfABlockLieWhereItIsInserted) {
   HostDocument document;
   CTcadEng& engine = *document.GetCadEngine();
-  cad::Block block{.name = "B", .base = {1, 0, 0}};
+  cad::Block block;
+  block.name = "B";
+  block.base = {1, 0, 0};
   block.entities.push_back({.shape = cad::LineShape{{1, 0, 0}, {2, 0, 0}}});
-  cad::InsertShape insert{.block = engine.AddBlock(std::move(block)), .at = {10, 20, 0}};
+  cad::InsertShape insert;
+  insert.block = engine.AddBlock(std::move(block));
+  insert.at = {10, 20, 0};
   insert.scale = {3, 3, 1};
   insert.rotation = 90;
   engine.Add({.shape = insert});
@@ -157,10 +161,14 @@ TEST(PlanModel, EntitiesOfABlockLieWhereItIsInserted) {
 TEST(PlanModel, BlocksThatInsertThemselvesEnd) {
   HostDocument document;
   CTcadEng& engine = *document.GetCadEngine();
-  const int block = engine.AddBlock({.name = "B"});
-  engine.BlockAt(block).entities.push_back({.shape = cad::InsertShape{.block = block}});
+  cad::Block empty;
+  empty.name = "B";
+  cad::InsertShape itself;
+  itself.block = engine.AddBlock(std::move(empty));
+  const int block = itself.block;
+  engine.BlockAt(block).entities.push_back({.shape = itself});
   engine.BlockAt(block).entities.push_back({.shape = cad::PointShape{{1, 1, 0}}});
-  engine.Add({.shape = cad::InsertShape{.block = block}});
+  engine.Add({.shape = itself});
   EXPECT_FALSE(plan::PartsOf(engine)[1].legs.empty());
 }
 
