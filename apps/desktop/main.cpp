@@ -29,8 +29,7 @@ void StartLanguage() {
 
 int Run(QApplication& application) {
   const Module module;
-  MainWindow window(module,
-                    CPalmDevice::SelectIdDlgStd(QGuiApplication::primaryScreen()->size()));
+  MainWindow window(module, CPalmDevice::SelectIdDlgStd(QGuiApplication::primaryScreen()->size()));
   window.show();
   const QStringList words = application.arguments().mid(1);
   QMetaObject::invokeMethod(

@@ -45,6 +45,7 @@ QAction* MainWindow::AddAction(QMenu& menu, const char* text, const char* name,
 // Anew for every language.
 void MainWindow::MakeMenus() {
   menuBar()->clear();
+  qDeleteAll(menuBar()->findChildren<QMenu*>(QString(), Qt::FindDirectChildrenOnly));
   MakeJobMenu();
   MakeExchangeMenus();
   MakeEditMenu();
@@ -55,8 +56,9 @@ void MainWindow::MakeMenus() {
 void MainWindow::MakeJobMenu() {
   QMenu& menu = AddMenu(*menuBar(), ToXlate("&Job"), "menuJob");
   AddAction(menu, ToXlate("New"), "new", [this] { NewJob(); })->setShortcut(QKeySequence::New);
-  AddAction(menu, ToXlate("Open a job folder…"), "openFolder", [this] { AskAndOpen(true); })
-      ->setShortcut(QKeySequence::Open);
+  AddAction(menu, ToXlate("Open a job folder…"), "openFolder", [this] {
+    AskAndOpen(true);
+  })->setShortcut(QKeySequence::Open);
   AddAction(menu, ToXlate("Open a JSON document…"), "openDocument", [this] { AskAndOpen(false); });
   QMenu* const recent = menu.addMenu(Translated(ToXlate("Recent jobs")));
   recent->setObjectName("recent");
@@ -89,15 +91,23 @@ void MainWindow::MakeEditMenu() {
   QMenu& menu = AddMenu(*menuBar(), ToXlate("E&dit"), "menuEdit");
   undo_ = AddAction(menu, ToXlate("Undo the last import"), "undo", [this] { Undo(); });
   undo_->setShortcut(QKeySequence::Undo);
+  menu.addSeparator();
+  AddAction(menu, ToXlate("Work out coordinates"), "compute", [this] {
+    Compute(false);
+  })->setShortcut(Qt::Key_F9);
+  AddAction(menu, ToXlate("Work out all coordinates anew"), "computeAnew",
+            [this] { Compute(true); });
 }
 
 void MainWindow::MakeViewMenu() {
   QMenu& menu = AddMenu(*menuBar(), ToXlate("&Plan"), "menuPlan");
   AddAction(menu, ToXlate("Fit"), "fit", [this] { plan_->Fit(); });
-  AddAction(menu, ToXlate("Zoom in"), "zoomIn", [this] { plan_->ZoomIn(); })
-      ->setShortcut(QKeySequence::ZoomIn);
-  AddAction(menu, ToXlate("Zoom out"), "zoomOut", [this] { plan_->ZoomOut(); })
-      ->setShortcut(QKeySequence::ZoomOut);
+  AddAction(menu, ToXlate("Zoom in"), "zoomIn", [this] {
+    plan_->ZoomIn();
+  })->setShortcut(QKeySequence::ZoomIn);
+  AddAction(menu, ToXlate("Zoom out"), "zoomOut", [this] {
+    plan_->ZoomOut();
+  })->setShortcut(QKeySequence::ZoomOut);
   auto* dock = findChild<QDockWidget*>("layers");
   if (dock == nullptr) {
     dock = new QDockWidget(this);
@@ -132,7 +142,8 @@ void MainWindow::MakeSettingsMenu() {
   });
   for (int unit = 0; unit < static_cast<int>(kUnits.size()); ++unit) {
     AddChoice(*angles, *angleGroup, Translated(kUnits[static_cast<std::size_t>(unit)]),
-              QString("angle.%1").arg(unit), unit == static_cast<int>(CMeasureSystem::GetAngleUnit()),
+              QString("angle.%1").arg(unit),
+              unit == static_cast<int>(CMeasureSystem::GetAngleUnit()),
               [this, unit] { SetAngleUnit(unit); });
   }
   AddAction(menu, ToXlate("Reference system…"), "referenceSystem",

@@ -11,6 +11,7 @@
 #include <nlohmann/json.hpp>
 
 #include "apps/desktop/dialogs/qt_views.h"
+#include "apps/desktop/job/coordinates.h"
 #include "apps/desktop/job/crs_dialog.h"
 #include "apps/desktop/job/exchange_runner.h"
 #include "apps/desktop/job/report_window.h"
@@ -115,7 +116,10 @@ void MainWindow::GoTo(const JobNode& node) {
 }
 
 void MainWindow::ShowReport(ReportWindow* report) {
-  if (report_) report_->close();
+  if (report_) {
+    report_->setObjectName({});  // it goes a little later
+    report_->close();
+  }
   report_ = report;
   report->onObject = [this](const JobNode& node) { GoTo(node); };
   report->show();
@@ -158,9 +162,8 @@ void MainWindow::OpenJob(const std::string& path) {
   Guarded([&] {
     QtViews views(this, shape_);
     views.AllowCancel(true);
-    job_.Open(path, [&](std::uint64_t done, std::uint64_t total) {
-      views.ShowProgress(done, total);
-    });
+    job_.Open(path,
+              [&](std::uint64_t done, std::uint64_t total) { views.ShowProgress(done, total); });
     AddRecentJob(path);
   });
   ShowJob();
@@ -205,9 +208,8 @@ void MainWindow::Save() {
   if (!job_.Path()) return SaveAs(true);
   Guarded([&] {
     QtViews views(this, shape_);
-    job_.SaveTo(*job_.Path(), [&](std::uint64_t done, std::uint64_t total) {
-      views.ShowProgress(done, total);
-    });
+    job_.SaveTo(*job_.Path(),
+                [&](std::uint64_t done, std::uint64_t total) { views.ShowProgress(done, total); });
   });
   ShowJob();
 }
@@ -238,6 +240,14 @@ void MainWindow::Undo() {
   Guarded([&] { job_.Undo(); });
   if (report_) report_->close();
   ShowJob();
+}
+
+void MainWindow::Compute(bool isAnew) {
+  std::optional<ExchangeReport> report;
+  Guarded([&] { report = WorkOutCoordinates(job_.Document(), isAnew); });
+  job_.MarkChanged();
+  ShowJob();
+  if (report) ShowReport(new ReportWindow(std::move(*report), shape_, this));
 }
 
 // ---- Settings ----

@@ -52,8 +52,7 @@ class MainWindow : public QMainWindow {
   void MakeEditMenu();
   void MakeViewMenu();
   void MakeSettingsMenu();
-  QAction* AddAction(QMenu& menu, const char* text, const char* name,
-                     std::function<void()> action);
+  QAction* AddAction(QMenu& menu, const char* text, const char* name, std::function<void()> action);
 
   void ShowNothing();
   void ShowTable(const JobNode& node);
@@ -69,6 +68,7 @@ class MainWindow : public QMainWindow {
   std::optional<std::string> AskForFolder();
   std::optional<std::string> AskForDocument(bool isOpen);
   void Undo();
+  void Compute(bool isAnew);
   void SetLanguageTo(const std::string& language);
   void SetAngleUnit(int unit);
   void AskReferenceSystem();

@@ -30,7 +30,8 @@ void EnterList(QWidget& window, const std::string& key, const DialogState& value
 void EnterText(QWidget& window, const std::string& key, const std::string& text) {
   if (auto* const radio = window.findChild<QRadioButton*>(Q(key + '.' + text))) {
     QTest::mouseClick(radio, Qt::LeftButton);
-  } else if (auto* const box = window.findChild<QComboBox*>(Q(key)); box != nullptr && text == "all") {
+  } else if (auto* const box = window.findChild<QComboBox*>(Q(key));
+             box != nullptr && text == "all") {
     Choose(window, key, 0);
   } else if (auto* const line = window.findChild<QLineEdit*>(Q(key));
              line != nullptr && line->isVisibleTo(&window)) {
@@ -89,7 +90,8 @@ DialogState Shown(QWidget& window, const DialogState& keys) {
 void Driver::Look() {
   auto* const window = qobject_cast<QDialog*>(QApplication::activeModalWidget());
   if (window == nullptr || window->objectName() == "wait") return;
-  std::erase_if(taken_, [](QDialog* each) { return !QApplication::topLevelWidgets().contains(each); });
+  std::erase_if(taken_,
+                [](QDialog* each) { return !QApplication::topLevelWidgets().contains(each); });
   if (std::find(taken_.begin(), taken_.end(), window) != taken_.end()) return;
   taken_.push_back(window);
   names.push_back(window->objectName().toStdString());

@@ -42,7 +42,11 @@ std::vector<std::unique_ptr<Dialog>> EveryDialog(const std::string& folder) {
   const Buttons wizard = {"<<", ">>", "Cancel", "Select All", "Deselect All"};
   const DialogState basic = {0, 2, 1, 3, 4, 7};
   add("file", "JB2 file import",
-      {{"folder", folder}, {"extensions", "jb2"}, {"import", true}, {"initialName", ""}, {"path", ""}},
+      {{"folder", folder},
+       {"extensions", "jb2"},
+       {"import", true},
+       {"initialName", ""},
+       {"path", ""}},
       ok);
   add("cad-file", "Dxf/Dwg file export",
       {{"folder", folder},
@@ -91,7 +95,8 @@ std::vector<std::unique_ptr<Dialog>> EveryDialog(const std::string& folder) {
        {"gpsGroups", Rows({"base 1"})},
        {"pointGroups", Rows({"known.csv", "fixed.txt", "traverse.csv"})}},
       wizard);
-  add("landxml-triangulation", "Triangulation", {{"surfaces", Rows({"ground", "project"})}}, wizard);
+  add("landxml-triangulation", "Triangulation", {{"surfaces", Rows({"ground", "project"})}},
+      wizard);
   add("landxml-roads", "Road Projects", {{"roads", Rows({"axis A", "axis B", "axis C"})}}, wizard);
   add("shape-export", "Export to Shape file",
       {{"themes", Rows({"trees", "kerbs", "buildings"})},

@@ -100,8 +100,9 @@ TEST_F(FileWindow, WantsAFile) {
   driver.Push("OK");
   driver.Answer("OK");
   EXPECT_EQ(Ask(false), "");
-  EXPECT_EQ(driver.messages, (Names{"Select a valid file to import.", "Select a valid file to import.",
-                                    "Enter a valid name for the export file."}));
+  EXPECT_EQ(driver.messages,
+            (Names{"Select a valid file to import.", "Select a valid file to import.",
+                   "Enter a valid name for the export file."}));
 }
 
 TEST_F(FileWindow, ImportsAJb2FileThroughTheModule) {

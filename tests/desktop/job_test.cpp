@@ -53,8 +53,10 @@ TEST_F(JobModels, FindsTheNodeOfAPointAndOfAName) {
 TEST_F(JobModels, KeepTheRulesOfModels) {
   JobTree tree;
   JobTable table;
-  const QAbstractItemModelTester treeTester(&tree, QAbstractItemModelTester::FailureReportingMode::Fatal);
-  const QAbstractItemModelTester tableTester(&table, QAbstractItemModelTester::FailureReportingMode::Fatal);
+  const QAbstractItemModelTester treeTester(&tree,
+                                            QAbstractItemModelTester::FailureReportingMode::Fatal);
+  const QAbstractItemModelTester tableTester(&table,
+                                             QAbstractItemModelTester::FailureReportingMode::Fatal);
   tree.Show(&document);
   table.Show(&document, {NodeKind::kStation, 0, 0});
   EXPECT_EQ(table.rowCount(), 24);

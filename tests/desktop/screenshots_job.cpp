@@ -23,7 +23,8 @@ void AddTotalStation(CLibCmp& library) {
       const double distance = 18 + (i * 7) % 13;
       point.SetDtIntAng(distance, 98.5 + 0.1 * i, 400.0 * i / kPoints, 0);
       point.SetNomCoord(tdk::WString(std::to_string(100 * (station + 1) + i)),
-                        i % 3 == 0 ? "WALL" : "TREE", 1500 + 60 * station + distance * std::sin(angle),
+                        i % 3 == 0 ? "WALL" : "TREE",
+                        1500 + 60 * station + distance * std::sin(angle),
                         2500 + distance * std::cos(angle), 101 + 0.1 * i);
       point.SetAltPri(1.5);
     }

@@ -97,8 +97,8 @@ TEST_P(EveryWindow, CutsNoTextThatIsOnlyRead) {
   ForEach([&](DialogView& view) {
     for (auto* const label : view.findChildren<QLabel*>()) {
       if (!label->isVisibleTo(&view) || label->text().isEmpty()) continue;
-      const int needed = label->wordWrap() ? label->heightForWidth(label->width())
-                                           : label->sizeHint().height();
+      const int needed =
+          label->wordWrap() ? label->heightForWidth(label->width()) : label->sizeHint().height();
       EXPECT_GE(label->height(), needed) << label->text().toStdString();
       if (!label->wordWrap()) {
         EXPECT_GE(label->width(), label->sizeHint().width()) << label->text().toStdString();
@@ -137,7 +137,8 @@ TEST_P(EveryWindow, NamesEveryControlForScreenReaders) {
   ForEach([&](DialogView& view) {
     for (QWidget* const input : Inputs(view)) {
       const auto* const button = qobject_cast<QAbstractButton*>(input);
-      const QString name = button != nullptr ? button->text() : input->accessibleName();
+      const bool hasText = button != nullptr && !button->text().isEmpty();
+      const QString name = hasText ? button->text() : input->accessibleName();
       EXPECT_FALSE(name.isEmpty()) << input->objectName().toStdString();
     }
   });
@@ -172,16 +173,16 @@ TEST_P(EveryWindow, ShowsMessagesWhole) {
   }
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    At, EveryWindow,
-    testing::Values(Look{{240, 320}, "en"}, Look{{240, 320}, "it"}, Look{{320, 240}, "en"},
-                    Look{{320, 240}, "it"}, Look{{480, 640}, "en"}, Look{{480, 640}, "it"},
-                    Look{{640, 480}, "en"}, Look{{640, 480}, "it"}, Look{{1280, 1024}, "en"},
-                    Look{{1280, 1024}, "it"}),
-    [](const auto& each) {
-      return std::to_string(each.param.screen.width()) + "x" +
-             std::to_string(each.param.screen.height()) + each.param.language;
-    });
+INSTANTIATE_TEST_SUITE_P(At, EveryWindow,
+                         testing::Values(Look{{240, 320}, "en"}, Look{{240, 320}, "it"},
+                                         Look{{320, 240}, "en"}, Look{{320, 240}, "it"},
+                                         Look{{480, 640}, "en"}, Look{{480, 640}, "it"},
+                                         Look{{640, 480}, "en"}, Look{{640, 480}, "it"},
+                                         Look{{1280, 1024}, "en"}, Look{{1280, 1024}, "it"}),
+                         [](const auto& each) {
+                           return std::to_string(each.param.screen.width()) + "x" +
+                                  std::to_string(each.param.screen.height()) + each.param.language;
+                         });
 
 TEST(DialogShapes, AreChosenByTheScreen) {
   EXPECT_TRUE(CPalmDevice::SelectIdDlgStd({240, 320}).isUpright);

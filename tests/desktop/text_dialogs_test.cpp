@@ -144,7 +144,8 @@ class LayoutRefusal : public DesktopTest, public testing::WithParamInterface<Ref
 
 TEST_P(LayoutRefusal, IsToldAndTheWindowStays) {
   AddKnown();
-  driver.Then({{"kind", 0}, {"fieldType", GetParam().isFixed ? "fixed" : "delimited"}, {"file", "x"}});
+  driver.Then(
+      {{"kind", 0}, {"fieldType", GetParam().isFixed ? "fixed" : "delimited"}, {"file", "x"}});
   driver.Then([](QDialog& window) {
     for (const auto& [key, value] : GetParam().values.items()) Enter(window, key, value);
     Press(window, "OK");

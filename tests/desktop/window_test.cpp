@@ -72,6 +72,9 @@ TEST_F(WholeWindow, ImportsAndExportsAsTheCommandLineDoes) {
   EXPECT_EQ(TreeText(model.index(2, 0)), "Known Points (1)");
   EXPECT_FALSE(static_cast<plan::PlanView&>(Find<QWidget>(window, "plan")).Model().Marks().empty());
 
+  Trigger("compute");
+  EXPECT_TRUE(Report().contains("worked out the coordinates of")) << Report().toStdString();
+
   driver.Then({{"version", 2}, {"path", "desktop.dxf"}});
   Trigger("FExportDXFDWGFile");
   driver.Then({{"kind", 2}, {"file", "desktop"}});
@@ -79,8 +82,8 @@ TEST_F(WholeWindow, ImportsAndExportsAsTheCommandLineDoes) {
   Trigger("FExportCSVFile");
 
   for (const char* const output : {"kalvio.dxf", "kalvio.csv"}) {
-    const auto run = e2e::RunKalvio({"convert", folder.File("field.jb2"), folder.File("known.csv"),
-                                     folder.File(output)});
+    const auto run = e2e::RunKalvio(
+        {"convert", folder.File("field.jb2"), folder.File("known.csv"), folder.File(output)});
     ASSERT_EQ(run.status, 0) << run.err;
   }
   EXPECT_EQ(ReadBytes(folder.File("desktop.csv")), ReadBytes(folder.File("kalvio.csv")));

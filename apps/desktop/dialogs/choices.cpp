@@ -40,8 +40,8 @@ void AppendNames(const DialogState& state, const char* key, std::vector<Choice>&
 }  // namespace
 
 std::vector<Choice> PointKinds(const DialogState& /*state*/) {
-  return Numbered({ToXlate("Known Points"), ToXlate("Control points"), ToXlate("TS"),
-                   ToXlate("Gps groups")});
+  return Numbered(
+      {ToXlate("Known Points"), ToXlate("Control points"), ToXlate("TS"), ToXlate("Gps groups")});
 }
 
 std::vector<Choice> FieldTypes(const DialogState& /*state*/) {

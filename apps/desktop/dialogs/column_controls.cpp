@@ -30,8 +30,7 @@ class Columns : public Control {
     auto* const tabs = new QTabWidget;
     for (int page = 0; page < row.pages; ++page) {
       const int first = page * kColumnsOfAPage;
-      tabs->addTab(NewPage(first), Translated(ToXlate("Columns {1}-{2}"),
-                                              {InWords(first + 1), InWords(first + kColumnsOfAPage)}));
+      tabs->addTab(NewPage(first), TitleOf(first + 1, first + kColumnsOfAPage));
     }
     widget_ = tabs;
   }
@@ -54,6 +53,11 @@ class Columns : public Control {
   }
 
  private:
+  QString TitleOf(int first, int last) const {
+    if (host_.Shape().isHandheld) return ToQt(InWords(first)) + '-' + ToQt(InWords(last));
+    return Translated(ToXlate("Columns {1}-{2}"), {InWords(first), InWords(last)});
+  }
+
   QWidget* NewPage(int first) {
     auto* const page = new QWidget;
     auto* const grid = new QGridLayout(page);

@@ -168,8 +168,8 @@ constexpr auto kSurveyPage = std::to_array<ControlRow>({
 });
 constexpr auto kTerrainPage = std::to_array<ControlRow>(
     {{.key = "surfaces", .kind = kCheckList, .label = ToXlate("Terrain models")}});
-constexpr auto kRoadPage = std::to_array<ControlRow>(
-    {{.key = "roads", .kind = kCheckList, .label = ToXlate("Roads")}});
+constexpr auto kRoadPage =
+    std::to_array<ControlRow>({{.key = "roads", .kind = kCheckList, .label = ToXlate("Roads")}});
 
 constexpr auto kShapeExport = std::to_array<ControlRow>({
     {.key = "themes", .kind = kCheckList, .label = ToXlate("Themes")},
@@ -189,11 +189,7 @@ constexpr auto kShapeExport = std::to_array<ControlRow>({
 constexpr auto kShapeImport = std::to_array<ControlRow>({
     {.key = "folder", .kind = kShown, .label = kFolderLabel},
     {.key = "Change", .kind = kPress, .label = ToXlate("Change")},
-    {.key = "files",
-     .kind = kList,
-     .label = kFileLabel,
-     .choices = choices::Files,
-     .sets = "file"},
+    {.key = "files", .kind = kList, .label = kFileLabel, .choices = choices::Files, .sets = "file"},
     {.key = "createPoints",
      .kind = kCheck,
      .label = ToXlate("Create and associate points to GIS entities"),
@@ -241,8 +237,7 @@ constexpr auto kDialogs = std::to_array<DialogRow>({
 std::span<const DialogRow> DialogTable() { return kDialogs; }
 
 const DialogRow* FindDialogRow(std::string_view name) {
-  const auto* const row =
-      std::find_if(kDialogs.begin(), kDialogs.end(),
-                   [&](const DialogRow& each) { return each.name == name; });
+  const auto* const row = std::find_if(kDialogs.begin(), kDialogs.end(),
+                                       [&](const DialogRow& each) { return each.name == name; });
   return row == kDialogs.end() ? nullptr : row;
 }

@@ -42,17 +42,17 @@ struct ControlRow {
   const char* key;
   ControlKind kind;
   const char* label = "";
-  const char* group = "";         ///< the frame that it stands in; rows of one stand together
-  ChoicesOf choices = nullptr;    ///< what there is to choose from
-  TestOf isShown = nullptr;       ///< null: always
-  TestOf isEnabled = nullptr;     ///< null: always
-  TextOf labelOf = nullptr;       ///< for a label that depends on the state
-  const char* sets = nullptr;     ///< the key of the input, where it is another one
-  int least = 0;                  ///< how far the arrows of a number go
+  const char* group = "";       ///< the frame that it stands in; rows of one stand together
+  ChoicesOf choices = nullptr;  ///< what there is to choose from
+  TestOf isShown = nullptr;     ///< null: always
+  TestOf isEnabled = nullptr;   ///< null: always
+  TextOf labelOf = nullptr;     ///< for a label that depends on the state
+  const char* sets = nullptr;   ///< the key of the input, where it is another one
+  int least = 0;                ///< how far the arrows of a number go
   int most = 0;
   const char* numbers = nullptr;  ///< columns: the key of the numbers beside them, if any
   const char* numberLabel = "";
-  int pages = 1;                  ///< columns: on how many tabs
+  int pages = 1;  ///< columns: on how many tabs
 
   const char* Input() const { return sets == nullptr ? key : sets; }
 };

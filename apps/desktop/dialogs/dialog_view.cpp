@@ -77,6 +77,7 @@ void DialogView::AddControl(const ControlRow& row, QFormLayout& body) {
   if (!hasOwnText && (*row.label != '\0' || row.labelOf != nullptr)) {
     shown.label = new QLabel;
     shown.label->setBuddy(shown.control->Focus());
+    shown.label->setWordWrap(shape_.isHandheld);
     SetPlainText(shown.label, Translated(row.label));
     widget->setAccessibleName(Translated(row.label));
   }

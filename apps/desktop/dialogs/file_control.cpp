@@ -57,9 +57,8 @@ class Places : public Control {
     folder_->setObjectName("folder");
     AddLabelled(layout, ToXlate("Folder:"), *folder_);
     folder_->setReadOnly(isFile_);
-    QObject::connect(folder_, &QLineEdit::textEdited, folder_, [this](const QString& text) {
-      host_.Put("folder", ToUtf8(text));
-    });
+    QObject::connect(folder_, &QLineEdit::textEdited, folder_,
+                     [this](const QString& text) { host_.Put("folder", ToUtf8(text)); });
   }
 
   void AddList(QVBoxLayout& layout) {
@@ -88,9 +87,8 @@ class Places : public Control {
     name_ = new QLineEdit;
     name_->setObjectName("path");
     AddLabelled(layout, ToXlate("File:"), *name_);
-    QObject::connect(name_, &QLineEdit::textEdited, name_, [this](const QString& text) {
-      host_.Put("path", ToUtf8(text));
-    });
+    QObject::connect(name_, &QLineEdit::textEdited, name_,
+                     [this](const QString& text) { host_.Put("path", ToUtf8(text)); });
   }
 
   void AddNewFolder(QVBoxLayout& layout) {

@@ -11,7 +11,8 @@
 namespace {
 
 bool IsOneOf(const std::string& extensions, const std::string& extension) {
-  return !extension.empty() && (';' + extensions + ';').find(';' + extension + ';') != std::string::npos;
+  return !extension.empty() &&
+         (';' + extensions + ';').find(';' + extension + ';') != std::string::npos;
 }
 
 std::string First(const std::string& extensions) {
@@ -76,7 +77,8 @@ bool FileNameDialog::MayBeTaken() const {
     CreateMessageBox(parent_, Xlate("Error"), Xlate(text), kBoxExclamation);
     return false;
   };
-  if (typed_.empty() && !isImport) return refuse(ToXlate("Enter a valid name for the export file."));
+  if (typed_.empty() && !isImport)
+    return refuse(ToXlate("Enter a valid name for the export file."));
   if (isImport) {
     const bool isThere = !typed_.empty() && platform::IsThere(path);
     return isThere || refuse(ToXlate("Select a valid file to import."));

@@ -16,7 +16,7 @@ namespace {
 QLabel* NewIcon(const QWidget& window, unsigned flags) {
   auto* const icon = new QLabel;
   icon->setObjectName("icon");
-  const auto kind = (flags & kBoxInformation) == kBoxInformation   ? QStyle::SP_MessageBoxInformation
+  const auto kind = (flags & kBoxInformation) == kBoxInformation ? QStyle::SP_MessageBoxInformation
                     : (flags & kBoxExclamation) == kBoxExclamation ? QStyle::SP_MessageBoxWarning
                     : (flags & kBoxYesNo) != 0                     ? QStyle::SP_MessageBoxQuestion
                                                                    : QStyle::SP_CustomBase;

@@ -14,8 +14,8 @@ class DialogView;
 class MessageView;
 class WaitView;
 
-/// Thrown out of work that the user stopped. The module lets nothing through, so there it comes back
-/// as a call that ran to nothing.
+/// Thrown out of work that the user stopped. The module lets nothing through, so there it comes
+/// back as a call that ran to nothing.
 struct ExchangeStopped {};
 
 /// Shows dialogs and messages as windows, one over the other, and returns when they have closed.

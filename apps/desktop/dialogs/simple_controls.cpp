@@ -4,6 +4,7 @@
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QLineEdit>
+#include <QMouseEvent>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QSignalBlocker>
@@ -38,7 +39,8 @@ class NumberBox : public QSpinBox {
  private:
   // As wide as the numbers that it is for.
   QSize Narrow(QSize size) const {
-    const int spare = fontMetrics().horizontalAdvance("-32000") - fontMetrics().horizontalAdvance("0000");
+    const int spare =
+        fontMetrics().horizontalAdvance("-32000") - fontMetrics().horizontalAdvance("0000");
     return {size.width() - spare, size.height()};
   }
 
@@ -69,9 +71,8 @@ class Line : public Control {
  public:
   Line(const ControlRow& row, ControlHost& host) : row_(row), line_(new QLineEdit) {
     line_->setReadOnly(row.kind == ControlKind::kShown);
-    QObject::connect(line_, &QLineEdit::textEdited, line_, [&row, &host](const QString& text) {
-      host.Put(row.Input(), ToUtf8(text));
-    });
+    QObject::connect(line_, &QLineEdit::textEdited, line_,
+                     [&row, &host](const QString& text) { host.Put(row.Input(), ToUtf8(text)); });
   }
   QWidget* Widget() override { return line_; }
   void Refresh(const DialogState& state) override {
@@ -130,19 +131,22 @@ class Combo : public Control {
 class Radio : public Control {
  public:
   Radio(const ControlRow& row, ControlHost& host) : row_(row), frame_(new QWidget) {
-    auto* const layout = new QHBoxLayout(frame_);
+    const std::vector<Choice> choices = row.choices({});
+    constexpr std::size_t kBesideEachOther = 2;
+    const bool isNarrow = host.Shape().isHandheld && choices.size() > kBesideEachOther;
+    auto* const layout =
+        new QBoxLayout(isNarrow ? QBoxLayout::TopToBottom : QBoxLayout::LeftToRight, frame_);
     layout->setContentsMargins(0, 0, 0, 0);
-    for (const Choice& choice : row.choices({})) {
+    for (const Choice& choice : choices) {
       auto* const button = new QRadioButton;
       button->setObjectName(ToQt(std::string(row.key) + '.' + choice.value.get<std::string>()));
       SetPlainText(button, choice.text);
       layout->addWidget(button);
       buttons_.push_back({button, choice.value});
-      QObject::connect(button, &QRadioButton::clicked, button, [&row, &host, value = choice.value] {
-        host.Put(row.Input(), value);
-      });
+      QObject::connect(button, &QRadioButton::clicked, button,
+                       [&row, &host, value = choice.value] { host.Put(row.Input(), value); });
     }
-    layout->addStretch();
+    if (!isNarrow) layout->addStretch();
     frame_->setFocusProxy(buttons_.front().first);
   }
   QWidget* Widget() override { return frame_; }
@@ -158,22 +162,56 @@ class Radio : public Control {
   std::vector<std::pair<QRadioButton*, DialogState>> buttons_;
 };
 
+// The text of a check box on a narrow screen, where it may need several lines.
+class CheckText : public QLabel {
+ public:
+  CheckText(const QString& text, QCheckBox& box) : box_(box) {
+    setWordWrap(true);
+    setBuddy(&box);
+    SetPlainText(this, text);
+  }
+
+ protected:
+  void mouseReleaseEvent(QMouseEvent* /*event*/) override { box_.click(); }
+
+ private:
+  QCheckBox& box_;
+};
+
 class Check : public Control {
  public:
-  Check(const ControlRow& row, ControlHost& host) : row_(row), box_(new QCheckBox) {
-    SetPlainText(box_, Translated(row.label));
+  Check(const ControlRow& row, ControlHost& host) : row_(row), box_(new QCheckBox), widget_(box_) {
+    const QString text = Translated(row.label);
+    box_->setAccessibleName(text);
+    box_->setObjectName(row.key);
+    if (host.Shape().isHandheld) {
+      Spread(text);
+    } else {
+      SetPlainText(box_, text);
+    }
     QObject::connect(box_, &QCheckBox::clicked, box_,
                      [&row, &host](bool checked) { host.Put(row.Input(), checked); });
   }
-  QWidget* Widget() override { return box_; }
+  QWidget* Widget() override { return widget_; }
+  QWidget* Focus() override { return box_; }
   bool IsWide() const override { return true; }
   void Refresh(const DialogState& state) override {
     box_->setChecked(state.value(row_.key, false));
   }
 
  private:
+  void Spread(const QString& text) {
+    widget_ = new QWidget;
+    widget_->setObjectName(QString(row_.key) + ".row");
+    auto* const layout = new QHBoxLayout(widget_);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->addWidget(box_);
+    layout->addWidget(new CheckText(text, *box_), 1);
+  }
+
   const ControlRow& row_;
   QCheckBox* box_;
+  QWidget* widget_;
 };
 
 class PressButton : public Control {

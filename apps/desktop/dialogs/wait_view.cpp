@@ -24,7 +24,8 @@ WaitView::WaitView(const DialogShape& shape, bool mayCancel, QWidget* parent)
   layout->addWidget(label);
   layout->addWidget(bar_);
   if (mayCancel) {
-    layout->addWidget(new ButtonBar({ToXlate("Cancel")}, shape, [this](std::string_view) { reject(); }));
+    layout->addWidget(
+        new ButtonBar({ToXlate("Cancel")}, shape, [this](std::string_view) { reject(); }));
   }
   if (shape.isHandheld) {
     DressForHandheld(*this, shape);

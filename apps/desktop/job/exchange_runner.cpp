@@ -7,15 +7,12 @@
 #include "apps/desktop/qt_text.h"
 #include "console.h"
 #include "formats.h"
-#include "host/geodesy/gps_positions.h"
 #include "host/gis/shape_files.h"
 #include "host/landxml/load.h"
-#include "host/survey/compute.h"
 #include "job_session.h"
 #include "platform/paths.h"
 #include "services/file_dialog.h"
 #include "services/jobs_folder.h"
-#include "survey_words.h"
 #include "trouble_scope.h"
 
 namespace {
@@ -32,18 +29,6 @@ std::string InWords(const ExchangeNote& note) {
   if (note.line == 0) return note.text.ToUtf8();
   return Fill(Xlate("line {1}: {2}"), {tdk::WString(console::Number(note.line)), note.text})
       .ToUtf8();
-}
-
-// As a conversion does it: what came in gets the coordinates that follow from it.
-void CompleteCoordinates(HostDocument& document, std::vector<std::string>& lines,
-                         std::vector<std::string>& remarks) {
-  CompletePositions(*document.GetLibGps(), {});
-  const survey::SurveyResult result =
-      survey::ComputeCoordinates(*document.GetLibCmp(), *document.GetLibPnt(),
-                                 survey::ReadComputationSettings());
-  lines = SummaryLines(result);
-  remarks = Stranded(result);
-  for (std::string& finding : Findings(result)) remarks.push_back(std::move(finding));
 }
 
 const FormatRow* FormatOfFunction(const ExchangeCommand& command, const std::string& path) {
@@ -66,7 +51,8 @@ std::optional<int> ChooseGivenFile(Dialog& dialog, const std::string& path) {
   const std::string_view name = dialog.Name();
   if (name == "file" || name == "cad-file") {
     if (dialog.Set("path", absolute) != DialogSet::kDone) return std::nullopt;
-    return dialog.Press("OK");
+    // A file that it does not take has been told; there is no other to choose.
+    return dialog.Press("OK").value_or(Dialog::kCancel);
   }
   if (name == "text-main" || name == "shape-import") {
     const std::string file(platform::FileName(absolute));
@@ -92,8 +78,8 @@ std::optional<ExchangeReport> ExchangeRunner::Run(const ExchangeCommand& command
   views.AllowCancel(true);
   const Counts before = CountsOf(job_.Document());
   sizesBefore_ = SectionSizes(job_.Document());
-  const Outcome outcome = command.function == nullptr ? LoadLandXmlFile(views)
-                                                      : Call(command, views);
+  const Outcome outcome =
+      command.function == nullptr ? LoadLandXmlFile(views) : Call(command, views);
   if (views.WasCancelled()) {
     if (command.isImport) job_.Undo();
     return std::nullopt;
@@ -110,8 +96,8 @@ std::optional<ExchangeReport> ExchangeRunner::Run(const ExchangeCommand& command
 ExchangeRunner::Outcome ExchangeRunner::Call(const ExchangeCommand& command, QtViews& views) {
   const TroubleScope trouble;
   CWnd window(&views);
-  const CallResult result = module_.Call(command.function, window, job_.Document(),
-                                         {"kalvio-desktop", KALVIO_VERSION});
+  const CallResult result =
+      module_.Call(command.function, window, job_.Document(), {"kalvio-desktop", KALVIO_VERSION});
   Outcome outcome{result.value == 1 || views.HasWritten(), {}};
   if (std::string reason = trouble.Reason(views.Path()); !reason.empty()) {
     outcome.remarks.push_back(std::move(reason));
@@ -159,14 +145,9 @@ ExchangeReport ExchangeRunner::ReportImport(const ExchangeCommand& command, cons
   const Counts after = CountsOf(document);
   report.Tell(Translated(ToXlate("came in: {1}"), {tdk::WString(::InWords(after - before))}));
   TellNew(report);
-  std::vector<std::string> lines;
-  std::vector<std::string> findings;
-  if (after != before) CompleteCoordinates(document, lines, findings);
-  for (const std::string& line : lines) report.Tell(ToQt(line));
   report.Tell(Translated(ToXlate("before: {1}"), {tdk::WString(::InWords(before))}));
   report.Tell(Translated(ToXlate("now: {1}"), {tdk::WString(::InWords(after))}));
   TellRemarks(views, outcome, report);
-  for (const std::string& finding : findings) report.Warn(finding, document);
   return report;
 }
 
@@ -202,9 +183,9 @@ void ExchangeRunner::TellNew(ExchangeReport& report) const {
     const int last = std::min(sizes[i], sizesBefore_[i] + kShown);
     for (int row = sizesBefore_[i]; row < last; ++row) {
       const JobNode node = ChildAt(section, row);
-      report.Tell(Translated(ToXlate("new: {1}: {2}"),
-                             {NameOf(document, section), NameOf(document, node)}),
-                  node);
+      report.Tell(
+          Translated(ToXlate("new: {1}: {2}"), {NameOf(document, section), NameOf(document, node)}),
+          node);
     }
   }
 }

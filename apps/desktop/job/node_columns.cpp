@@ -61,8 +61,7 @@ constexpr NodeColumn kElev{ToXlate("Elev."), true, Elev};
 
 constexpr std::array kSections = {kName, NodeColumn{ToXlate("Number"), true, Count}};
 constexpr std::array kJobs = {
-    kName,
-    NodeColumn{ToXlate("Stations"), true, Count},
+    kName, NodeColumn{ToXlate("Stations"), true, Count},
     NodeColumn{ToXlate("Operator"), false,
                [](Doc& d, const Node& n) { return Job(d, n).GetOper().ToUtf8(); }},
     NodeColumn{ToXlate("Instrument"), false,
@@ -70,12 +69,20 @@ constexpr std::array kJobs = {
     NodeColumn{ToXlate("Date"), false,
                [](Doc& d, const Node& n) { return Job(d, n).GetData().ToUtf8(); }}};
 constexpr std::array kStations = {
-    kName, NodeColumn{ToXlate("Points"), true, Count},
+    kName,
+    NodeColumn{ToXlate("Points"), true, Count},
     NodeColumn{ToXlate("Instrument height"), true,
                [](Doc& d, const Node& n) { return Metres(Station(d, n).GetAltStr()); }},
-    kEast, kNorth, kElev, kCode};
+    kEast,
+    kNorth,
+    kElev,
+    kCode};
 constexpr std::array kPoints = {
-    kName, kCode, kEast, kNorth, kElev,
+    kName,
+    kCode,
+    kEast,
+    kNorth,
+    kElev,
     NodeColumn{ToXlate("Horiz. Angle"), true,
                [](Doc& d, const Node& n) { return Gon(Point(d, n).GetDato2()); }},
     NodeColumn{ToXlate("Vert. Angle"), true,
@@ -92,7 +99,11 @@ constexpr std::array kGpsGroups = {
     NodeColumn{ToXlate("Date"), false,
                [](Doc& d, const Node& n) { return Group(d, n).GetData().ToUtf8(); }}};
 constexpr std::array kGpsPoints = {
-    kName, kCode, kEast, kNorth, kElev,
+    kName,
+    kCode,
+    kEast,
+    kNorth,
+    kElev,
     NodeColumn{ToXlate("Latitude"), true,
                [](Doc& d, const Node& n) { return Degrees(Gps(d, n).GetLat()); }},
     NodeColumn{ToXlate("Longitude"), true,
@@ -130,10 +141,9 @@ constexpr std::array kFeatures = {
                }}};
 constexpr std::array kLayers = {
     kName,
-    NodeColumn{ToXlate("Shown"), false,
-               [](Doc& d, const Node& n) {
-                 return YesNo(d.GetCadEngine()->IsDrawingVisible(n.a + 1));
-               }},
+    NodeColumn{
+        ToXlate("Shown"), false,
+        [](Doc& d, const Node& n) { return YesNo(d.GetCadEngine()->IsDrawingVisible(n.a + 1)); }},
     NodeColumn{ToXlate("Locked"), false, [](Doc& d, const Node& n) {
                  return YesNo(d.GetCadEngine()->IsDrawingLocked(n.a + 1));
                }}};
