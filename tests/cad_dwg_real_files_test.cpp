@@ -38,6 +38,18 @@ class DwgRealFiles : public testing::TestWithParam<const char*> {
     std::sort(lines.begin(), lines.end());
     return lines;
   }
+  static std::vector<std::string> Texts(const std::vector<tdk::WString>& notes) {
+    std::vector<std::string> texts;
+    for (const tdk::WString& note : notes) texts.push_back(note.ToUtf8());
+    return texts;
+  }
+  static std::vector<std::string> WithoutLooks(std::vector<std::string> notes) {
+    std::erase_if(notes, [](const std::string& note) {
+      return note.find("become continuous") != std::string::npos ||
+             note.find("lose thickness") != std::string::npos;
+    });
+    return notes;
+  }
   CTcadEng dwg_{0, nullptr, true};
   CTcadEng dxf_{0, nullptr, true};
 };
@@ -49,7 +61,8 @@ TEST_P(DwgRealFiles, AreTheSameAsTheirTwin) {
   ASSERT_TRUE(twin.isLoaded);
   EXPECT_EQ(Lines(dwg_).size(), 324U);
   EXPECT_EQ(Lines(dwg_), Lines(dxf_));
-  EXPECT_EQ(load.notes, twin.notes);
+  // How entities look, as far as the engine has no such looks, is told of DXF files only.
+  EXPECT_EQ(Texts(load.notes), WithoutLooks(Texts(twin.notes)));
 }
 
 INSTANTIATE_TEST_SUITE_P(Files, DwgRealFiles,

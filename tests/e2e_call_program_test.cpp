@@ -157,10 +157,4 @@ TEST_F(CallProgram, KeepsTheMarksOfTheLandXmlWizardAndWritesWhatIsChecked) {
   EXPECT_NE(xml.find("<Survey desc=\"B\">"), std::string::npos);
 }
 
-TEST_F(CallProgram, SaysThatAFormatIsNotThereYet) {
-  const auto events = Events(Call("FExportDATFile", Json::array()).out);
-  ASSERT_EQ(Names(events), (std::vector<std::string>{"message", "returned"}));
-  EXPECT_EQ(events[1]["value"], 0);
-}
-
 }  // namespace

@@ -177,16 +177,16 @@ TEST(Formats, TableTellsWhatCanBeDone) {
   EXPECT_EQ(run.status, 0);
   EXPECT_EQ(run.err, "");
   EXPECT_EQ(run.out,
-            "format   extension  import   export\n"
-            "JB2      jb2        yes      yes\n"
-            "JB3      jb3        yes      yes\n"
-            "TXT      txt        yes      yes\n"
-            "CSV      csv        yes      yes\n"
-            "DXF      dxf        yes      yes\n"
-            "DWG      dwg        yes      yes\n"
-            "Shape    shp        yes      yes\n"
-            "LandXML  xml        yes      yes\n"
-            "DAT      dat        –        yes\n");
+            "format   extension  import  export\n"
+            "JB2      jb2        yes     yes\n"
+            "JB3      jb3        yes     yes\n"
+            "TXT      txt        yes     yes\n"
+            "CSV      csv        yes     yes\n"
+            "DXF      dxf        yes     yes\n"
+            "DWG      dwg        yes     yes\n"
+            "Shape    shp        yes     yes\n"
+            "LandXML  xml        yes     yes\n"
+            "DAT      dat        –       yes\n");
 }
 
 TEST(Formats, TakesNoWords) { EXPECT_EQ(RunKalvio({"formats", "all"}).status, 2); }

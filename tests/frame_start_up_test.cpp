@@ -164,13 +164,12 @@ TEST_F(FrameStartUp, AttachesTheModuleToTheFrameworkUntilItIsUnloaded) {
 }
 
 TEST_F(FrameStartUp, MakesTheTextsOfTheModuleKnownUntilItIsUnloaded) {
-  constexpr unsigned kTextNotBuiltYet = 1;
+  constexpr unsigned kTextError = 1800;
   {
     const LoadedModule module;
-    EXPECT_EQ(tdk::CStringLoader::Load(kTextNotBuiltYet),
-              "{1} files cannot be exchanged by this version yet.");
+    EXPECT_EQ(tdk::CStringLoader::Load(kTextError), "Error !");
   }
-  EXPECT_EQ(tdk::CStringLoader::Load(kTextNotBuiltYet), "");
+  EXPECT_EQ(tdk::CStringLoader::Load(kTextError), "");
 }
 
 // ---- A framework that refuses the module ----

@@ -14,13 +14,15 @@ struct Named {
   Type type;
 };
 
-constexpr std::array kEntityTypes = {Named{"point", gis::EntityType::kPoint},
-                                     Named{"line", gis::EntityType::kLine},
-                                     Named{"polygon", gis::EntityType::kPolygon}};
+using NamedEntity = Named<gis::EntityType>;
+using NamedField = Named<gis::FieldType>;
+constexpr std::array kEntityTypes = {NamedEntity{"point", gis::EntityType::kPoint},
+                                     NamedEntity{"line", gis::EntityType::kLine},
+                                     NamedEntity{"polygon", gis::EntityType::kPolygon}};
 constexpr std::array kFieldTypes = {
-    Named{"text", gis::FieldType::kText}, Named{"integer", gis::FieldType::kInteger},
-    Named{"real", gis::FieldType::kReal}, Named{"date", gis::FieldType::kDate},
-    Named{"bool", gis::FieldType::kBool}};
+    NamedField{"text", gis::FieldType::kText}, NamedField{"integer", gis::FieldType::kInteger},
+    NamedField{"real", gis::FieldType::kReal}, NamedField{"date", gis::FieldType::kDate},
+    NamedField{"bool", gis::FieldType::kBool}};
 
 template <class Table, class Type>
 std::string NameIn(const Table& table, Type type) {
