@@ -70,11 +70,7 @@ class Driver {
  public:
   using Step = std::function<void(QDialog& window)>;
 
-  Driver() {
-    timer_.setInterval(0);
-    QObject::connect(&timer_, &QTimer::timeout, &timer_, [this] { Look(); });
-    timer_.start();
-  }
+  Driver() { LookSoon(); }
 
   void Then(Step step) { steps_.push_back(std::move(step)); }
   /// Enters all values in their order and presses a button; a window that stays open is cancelled.
@@ -99,8 +95,15 @@ class Driver {
 
  private:
   void Look();
+  // Anew each time: a timer does not fire within its own event, and there a window may open another.
+  void LookSoon() {
+    QTimer::singleShot(0, &owner_, [this] {
+      LookSoon();
+      Look();
+    });
+  }
 
-  QTimer timer_;
+  QObject owner_;
   std::deque<Step> steps_;
   std::vector<QDialog*> taken_;
 };
