@@ -112,6 +112,8 @@ TEST_F(WholeWindow, ImportsDroppedFilesWithoutAskingWhich) {
     Press(dialog, "OK");
   });
   driver.Then({{"fields", {0, 2, 1, 3, 4, 7}}});
+  QDragEnterEvent enter(QPoint(5, 5), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+  QApplication::sendEvent(&window, &enter);
   QDropEvent drop(QPointF(5, 5), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
   QApplication::sendEvent(&window, &drop);
   QApplication::processEvents();

@@ -36,7 +36,7 @@ QWidget* DialogView::NewBody() {
   if (shape_.isHandheld) {
     constexpr int kMargin = 4;
     form->setRowWrapPolicy(QFormLayout::WrapAllRows);
-    form->setContentsMargins(kMargin, kMargin, kMargin, kMargin);
+    form->setContentsMargins(kMargin / 2, kMargin, kMargin / 2, kMargin);
     form->setVerticalSpacing(kMargin);
   }
   if (const DialogRow* const row = FindDialogRow(dialog_.Name())) {
