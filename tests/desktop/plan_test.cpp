@@ -177,7 +177,8 @@ TEST(PlanModel, HalfACircleOfABulgeBowsToTheRight) {
   CTcadEng& engine = *document.GetCadEngine();
   engine.Add({.shape = cad::PolylineShape{{{0, 0, 0}, {10, 0, 0}}, {1}, false}});
   plot::Box box;
-  for (const plan::Leg& leg : plan::PartsOf(engine)[1].legs) box.Add(leg.from);
+  const auto parts = plan::PartsOf(engine);
+  for (const plan::Leg& leg : parts[1].legs) box.Add(leg.from);
   EXPECT_NEAR(box.low, -5, 1e-6);
   EXPECT_NEAR(box.high, 0, 1e-6);
 }
