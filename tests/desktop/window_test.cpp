@@ -116,7 +116,9 @@ TEST_F(WholeWindow, ImportsDroppedFilesWithoutAskingWhich) {
   QApplication::sendEvent(&window, &enter);
   QDropEvent drop(QPointF(5, 5), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
   QApplication::sendEvent(&window, &drop);
-  QApplication::processEvents();
+  EXPECT_TRUE(QTest::qWaitFor([this] {
+    return window.Job().Document().GetLibPnt()->GetGrpArSize() == 1 && !driver.HasStepsLeft();
+  }));
   EXPECT_EQ(window.Job().Document().GetLibCmp()->GetJobArSize(), 1);
   EXPECT_EQ(window.Job().Document().GetLibPnt()->GetGrpArSize(), 1);
 }
