@@ -52,10 +52,12 @@ class DrawingBench {
     Save<&WriteDwgCounting>(dwg_);
     Save<&WriteDxfCounting>(dxf_);
     Check();
-    Compare("saved as ", [this] { return SecondsOf([this] { Save<&WriteDwgCounting>(dwg_); }); },
-            [this] { return SecondsOf([this] { Save<&WriteDxfCounting>(dxf_); }); });
-    Compare("loaded as ", [this] { return TimeLoad<&ReadDwg>(dwg_); },
-            [this] { return TimeLoad<&ReadDxf>(dxf_); });
+    Compare(
+        "saved as ", [this] { return SecondsOf([this] { Save<&WriteDwgCounting>(dwg_); }); },
+        [this] { return SecondsOf([this] { Save<&WriteDxfCounting>(dxf_); }); });
+    Compare(
+        "loaded as ", [this] { return TimeLoad<&ReadDwg>(dwg_); },
+        [this] { return TimeLoad<&ReadDxf>(dxf_); });
     CompareSizes();
     return allKept_;
   }

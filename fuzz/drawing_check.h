@@ -47,9 +47,7 @@ class DrawingCheck {
     if (!isRight) std::abort();
   }
   static void Check(double number) { Expect(std::isfinite(number)); }
-  static void Check(const cad::Point& it) {
-    Check(it.getX()), Check(it.getY()), Check(it.getZ());
-  }
+  static void Check(const cad::Point& it) { Check(it.getX()), Check(it.getY()), Check(it.getZ()); }
   static void Check(const std::vector<cad::Point>& points) {
     for (const cad::Point& point : points) Check(point);
   }

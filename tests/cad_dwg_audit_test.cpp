@@ -73,12 +73,10 @@ class DwgGeometry : public DwgFiles {};
 TEST_F(DwgGeometry, IsReadWhereItWas) {
   if (!dxf_writer_test::HasGeometryReader()) GTEST_SKIP() << "there is no ogrinfo";
   const FullDrawing drawing(engine);
-  const e2e::Outcome run =
-      e2e::RunProgram("ogrinfo", {"-ro", "-al", "-q", Write(TCAD_DWG_2000)});
+  const e2e::Outcome run = e2e::RunProgram("ogrinfo", {"-ro", "-al", "-q", Write(TCAD_DWG_2000)});
   EXPECT_EQ(run.status, 0) << run.err;
-  for (const char* const wkt :
-       {"POINT Z (1680000.125 4900000.5 312.75)", "POINT Z (1.0 -0.25 1)",
-        "LINESTRING Z (0 0 5,10 0 6,10 10 7", "text (String) = caf"}) {
+  for (const char* const wkt : {"POINT Z (1680000.125 4900000.5 312.75)", "POINT Z (1.0 -0.25 1)",
+                                "LINESTRING Z (0 0 5,10 0 6,10 10 7", "text (String) = caf"}) {
     EXPECT_NE(run.out.find(wkt), std::string::npos) << wkt << "\n" << run.out;
   }
 }

@@ -96,11 +96,8 @@ TEST_F(DwgCodes, NegativeZeroIsNoZero) {
 }
 
 TEST_F(DwgCodes, DoublesThatAreLikeOthers) {
-  const std::pair<double, double> pairs[] = {{1.0, 1.0},
-                                             {1.5, 1.0},
-                                             {100.25, 100.5},
-                                             {100.1, 100.2},
-                                             {100.10000000001, 100.10000000002}};
+  const std::pair<double, double> pairs[] = {
+      {1.0, 1.0}, {1.5, 1.0}, {100.25, 100.5}, {100.1, 100.2}, {100.10000000001, 100.10000000002}};
   for (const auto& [value, other] : pairs) fields.Near(value, other);
   EXPECT_EQ(Hex(bits.Bytes()), "3000000000000F83F8004000000002660666666666499A599980");
   FieldReader reader = Reader();
@@ -170,8 +167,9 @@ TEST(DwgChecksums, AreThoseOfOtherPrograms) {
 
 TEST(DwgMaps, NumbersOfSevenBits) {
   const std::pair<std::int64_t, const char*> known[] = {
-      {0, "00"},      {1, "01"},       {63, "3F"},            {64, "C000"},   {-1, "41"},
-      {-64, "C040"},  {4610, "8224"},  {112823273, "E997E635"}, {-1413, "854B"}};
+      {0, "00"},      {1, "01"},     {63, "3F"},     {64, "C000"},
+      {-1, "41"},     {-64, "C040"}, {4610, "8224"}, {112823273, "E997E635"},
+      {-1413, "854B"}};
   for (const auto& [value, hex] : known) {
     std::string bytes;
     AppendSignedModular(bytes, value);
@@ -315,14 +313,13 @@ TEST_F(DwgRecords, LayerOfAnotherProgram) {
 }
 
 TEST_F(DwgRecords, LayerTable) {
-  EXPECT_EQ(Record(Version::k2000,
-                   [](RecordWriter& records) {
-                     ControlRecord layers{kLayerControl,
-                                          {0x10, 0x100, 0x101, 0x102, 0x103, 0x104},
-                                          {}};
-                     records.Object(kLayerControl, 2, {}, layers);
-                   }),
-            "1C004C920000000040A906403021102201002201012201022201032201041E49");
+  EXPECT_EQ(
+      Record(Version::k2000,
+             [](RecordWriter& records) {
+               ControlRecord layers{kLayerControl, {0x10, 0x100, 0x101, 0x102, 0x103, 0x104}, {}};
+               records.Object(kLayerControl, 2, {}, layers);
+             }),
+      "1C004C920000000040A906403021102201002201012201022201032201041E49");
 }
 
 }  // namespace

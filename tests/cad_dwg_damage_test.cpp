@@ -189,8 +189,8 @@ TEST_F(DwgStrange, BlocksInThemselvesAreToldOf) {
     Insert(records, 6, 0, 2);
   });
   EXPECT_TRUE(load.isLoaded);
-  EXPECT_EQ(Notes(), std::vector<std::string>{
-                         "inserts of blocks that contain themselves are left out (1)"});
+  EXPECT_EQ(Notes(),
+            std::vector<std::string>{"inserts of blocks that contain themselves are left out (1)"});
   EXPECT_EQ(back_->Entities().size(), 1U);
 }
 
@@ -209,10 +209,10 @@ TEST_F(DwgStrange, OwnersThatAreNotThereAreToldOf) {
     dwg::SpaceVertexRecord vertex;
     records.Entity(dwg::kSpaceVertex, 9, head, vertex);
   });
-  EXPECT_EQ(Notes(), (std::vector<std::string>{
-                         "inserts of blocks that are not in the file are left out (1)",
-                         "entities whose layer is not in the file lie on layer 0 (1)",
-                         "entities whose owner is not in the file are left out (2)"}));
+  EXPECT_EQ(Notes(),
+            (std::vector<std::string>{"inserts of blocks that are not in the file are left out (1)",
+                                      "entities whose layer is not in the file lie on layer 0 (1)",
+                                      "entities whose owner is not in the file are left out (2)"}));
 }
 
 TEST_F(DwgStrange, NumbersThatAreNoneAreLeftOut) {

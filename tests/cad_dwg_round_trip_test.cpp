@@ -73,15 +73,16 @@ TEST_P(DwgRoundTrip, NumbersAreExact) {
 
 TEST_P(DwgRoundTrip, ManyLayersBlocksAndEntities) {
   for (int i = 0; i < 300; ++i) {
-    const int layer = engine.AddDrawing(0, tdk::WString("L" + std::to_string(i)), i % 3 != 0,
-                                        i % 5 == 0, false);
+    const int layer =
+        engine.AddDrawing(0, tdk::WString("L" + std::to_string(i)), i % 3 != 0, i % 5 == 0, false);
     cad::Block block;
     block.name = "B" + std::to_string(i);
     block.entities = {MakeEntity(cad::PointShape{{1, 2, 3}}, layer)};
     cad::InsertShape insert;
     insert.block = engine.AddBlock(block);
     engine.Add(MakeEntity(insert, layer));
-    for (int k = 0; k < 20; ++k) engine.Add(MakeEntity(cad::PointShape{{k * 1.5, i * 1.0, 0}}, layer));
+    for (int k = 0; k < 20; ++k)
+      engine.Add(MakeEntity(cad::PointShape{{k * 1.5, i * 1.0, 0}}, layer));
   }
   Read(Write(GetParam()));
   EXPECT_EQ(Describer(back).All(), Describer(engine).All());

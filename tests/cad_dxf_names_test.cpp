@@ -7,9 +7,9 @@
 
 namespace {
 
+using cad_writer::NameRule;
 using cad_writer::NameTable;
 using dxf_writer::TextOf;
-using cad_writer::NameRule;
 
 std::string MultiLine(std::string_view utf8) {
   std::string bytes;

@@ -132,26 +132,16 @@ class RandomDrawing {
 
   cad::Shape Shape(int blocks) {
     switch (random_.Whole(0, 9)) {
-      case 0:
-        return cad::PointShape{Point()};
-      case 1:
-        return cad::LineShape{Point(), Point()};
-      case 2:
-        return Polyline();
-      case 3:
-        return cad::CircleShape{Point(), Size()};
-      case 4:
-        return cad::ArcShape{Point(), Size(), random_.Real(0, 360), random_.Real(0, 360)};
-      case 5:
-        return Ellipse();
-      case 6:
-        return cad::TextShape{Point(), Size(), random_.Real(0, 360), Text()};
-      case 7:
-        return blocks > 0 ? cad::Shape(Insert(blocks)) : cad::PointShape{Point()};
-      case 8:
-        return cad::FaceShape{Points(random_.Whole(3, 4))};
-      default:
-        return Solid();
+      case 0: return cad::PointShape{Point()};
+      case 1: return cad::LineShape{Point(), Point()};
+      case 2: return Polyline();
+      case 3: return cad::CircleShape{Point(), Size()};
+      case 4: return cad::ArcShape{Point(), Size(), random_.Real(0, 360), random_.Real(0, 360)};
+      case 5: return Ellipse();
+      case 6: return cad::TextShape{Point(), Size(), random_.Real(0, 360), Text()};
+      case 7: return blocks > 0 ? cad::Shape(Insert(blocks)) : cad::PointShape{Point()};
+      case 8: return cad::FaceShape{Points(random_.Whole(3, 4))};
+      default: return Solid();
     }
   }
   cad::Shape Polyline() {

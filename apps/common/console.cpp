@@ -98,14 +98,10 @@ std::string InWords(const platform::FileTrouble& trouble) {
     return what.ToUtf8() + ": " + Reason(trouble.error);
   };
   switch (trouble.action) {
-    case Action::kOpen:
-      return say(Xlate("cannot be opened"));
-    case Action::kRead:
-      return say(Xlate("cannot be read"));
-    case Action::kCreate:
-      return say(Xlate("cannot be created"));
-    case Action::kWrite:
-      break;
+    case Action::kOpen: return say(Xlate("cannot be opened"));
+    case Action::kRead: return say(Xlate("cannot be read"));
+    case Action::kCreate: return say(Xlate("cannot be created"));
+    case Action::kWrite: break;
   }
   return say(Xlate("cannot be written"));
 }

@@ -103,17 +103,13 @@ CallResult Module::Call(const std::string& name, CWnd& parent, ExchangeContext& 
       return {Typed<FExportJB3File>(address)(&parent, &document, &options.applicationName,
                                              &options.applicationVersion),
               {}};
-    case Kind::kShapeExport:
-      return {Typed<FExportEntInFileShape>(address)(&parent, gis), {}};
+    case Kind::kShapeExport: return {Typed<FExportEntInFileShape>(address)(&parent, gis), {}};
     case Kind::kShapeImport: {
       KnownPointLink link(*document.GetLibPnt());
       return {Typed<FImportEntFromFileShape>(address)(&parent, gis, &link, false) ? 1 : 0, {}};
     }
-    case Kind::kNothing:
-      Typed<DummyVexa4modExport>(address)();
-      return {};
-    case Kind::kDocument:
-      break;
+    case Kind::kNothing: Typed<DummyVexa4modExport>(address)(); return {};
+    case Kind::kDocument: break;
   }
   return {Typed<FImportJB2File>(address)(&parent, &document, 0), {}};
 }

@@ -132,18 +132,12 @@ std::vector<std::string> Findings(const survey::SurveyResult& result) {
 std::string InWords(survey::SetUpMethod method) {
   using enum survey::SetUpMethod;
   switch (method) {
-    case kKept:
-      return Xlate("as it was").ToUtf8();
-    case kKnown:
-      return Xlate("known point").ToUtf8();
-    case kSighted:
-      return Xlate("sighted").ToUtf8();
-    case kResected:
-      return Xlate("resected").ToUtf8();
-    case kAssumed:
-      return Xlate("assumed").ToUtf8();
-    case kNone:
-      break;
+    case kKept: return Xlate("as it was").ToUtf8();
+    case kKnown: return Xlate("known point").ToUtf8();
+    case kSighted: return Xlate("sighted").ToUtf8();
+    case kResected: return Xlate("resected").ToUtf8();
+    case kAssumed: return Xlate("assumed").ToUtf8();
+    case kNone: break;
   }
   return Xlate("none").ToUtf8();
 }
@@ -151,8 +145,7 @@ std::string InWords(survey::SetUpMethod method) {
 std::string InWords(survey::SetUpTrouble trouble) {
   using enum survey::SetUpTrouble;
   switch (trouble) {
-    case kNotTied:
-      return Xlate("nothing ties it to what has coordinates").ToUtf8();
+    case kNotTied: return Xlate("nothing ties it to what has coordinates").ToUtf8();
     case kTooFewSights:
       return Xlate(
                  "it saw too few points with coordinates: two with distances or three directions "
@@ -160,13 +153,11 @@ std::string InWords(survey::SetUpTrouble trouble) {
           .ToUtf8();
     case kUndetermined:
       return Xlate("it lies on one circle or line with the points that it saw").ToUtf8();
-    case kDoesNotFit:
-      return Xlate("what it saw does not fit together").ToUtf8();
+    case kDoesNotFit: return Xlate("what it saw does not fit together").ToUtf8();
     case kNoOrientation:
       return Xlate("it saw no other point that has coordinates, so its orientation is unknown")
           .ToUtf8();
-    case kNone:
-      break;
+    case kNone: break;
   }
   return {};
 }
@@ -174,12 +165,9 @@ std::string InWords(survey::SetUpTrouble trouble) {
 std::string InWords(survey::PointTrouble trouble) {
   using enum survey::PointTrouble;
   switch (trouble) {
-    case kStation:
-      return Xlate("its station has no coordinates or no orientation").ToUtf8();
-    case kNoDistance:
-      return Xlate("no distance").ToUtf8();
-    case kNoAngle:
-      break;
+    case kStation: return Xlate("its station has no coordinates or no orientation").ToUtf8();
+    case kNoDistance: return Xlate("no distance").ToUtf8();
+    case kNoAngle: break;
   }
   return Xlate("no angle").ToUtf8();
 }
@@ -187,14 +175,10 @@ std::string InWords(survey::PointTrouble trouble) {
 std::string InWords(NoPlane why) {
   using enum NoPlane;
   switch (why) {
-    case kNoSystem:
-      return Xlate("its group has no reference system (--crs)").ToUtf8();
-    case kUnknownSystem:
-      return Xlate("the reference system of its group is not known").ToUtf8();
-    case kNoPosition:
-      return Xlate("it has no GPS position").ToUtf8();
-    case kOutside:
-      break;
+    case kNoSystem: return Xlate("its group has no reference system (--crs)").ToUtf8();
+    case kUnknownSystem: return Xlate("the reference system of its group is not known").ToUtf8();
+    case kNoPosition: return Xlate("it has no GPS position").ToUtf8();
+    case kOutside: break;
   }
   return Xlate("its position is not within the reference system").ToUtf8();
 }

@@ -15,18 +15,12 @@ Json Value(double value) { return IsDefined(value) ? Json(value) : Json(nullptr)
 const char* Word(survey::SetUpMethod method) {
   using enum survey::SetUpMethod;
   switch (method) {
-    case kKept:
-      return "kept";
-    case kKnown:
-      return "known";
-    case kSighted:
-      return "sighted";
-    case kResected:
-      return "resected";
-    case kAssumed:
-      return "assumed";
-    case kNone:
-      break;
+    case kKept: return "kept";
+    case kKnown: return "known";
+    case kSighted: return "sighted";
+    case kResected: return "resected";
+    case kAssumed: return "assumed";
+    case kNone: break;
   }
   return "none";
 }
@@ -34,18 +28,12 @@ const char* Word(survey::SetUpMethod method) {
 Json Word(survey::SetUpTrouble trouble) {
   using enum survey::SetUpTrouble;
   switch (trouble) {
-    case kNotTied:
-      return "not-tied";
-    case kTooFewSights:
-      return "too-few-sights";
-    case kUndetermined:
-      return "undetermined";
-    case kDoesNotFit:
-      return "does-not-fit";
-    case kNoOrientation:
-      return "no-orientation";
-    case kNone:
-      break;
+    case kNotTied: return "not-tied";
+    case kTooFewSights: return "too-few-sights";
+    case kUndetermined: return "undetermined";
+    case kDoesNotFit: return "does-not-fit";
+    case kNoOrientation: return "no-orientation";
+    case kNone: break;
   }
   return nullptr;
 }
@@ -53,12 +41,9 @@ Json Word(survey::SetUpTrouble trouble) {
 const char* Word(survey::PointTrouble trouble) {
   using enum survey::PointTrouble;
   switch (trouble) {
-    case kStation:
-      return "station";
-    case kNoDistance:
-      return "no-distance";
-    case kNoAngle:
-      break;
+    case kStation: return "station";
+    case kNoDistance: return "no-distance";
+    case kNoAngle: break;
   }
   return "no-angle";
 }
@@ -66,14 +51,10 @@ const char* Word(survey::PointTrouble trouble) {
 const char* Word(NoPlane why) {
   using enum NoPlane;
   switch (why) {
-    case kNoSystem:
-      return "no-crs";
-    case kUnknownSystem:
-      return "unknown-crs";
-    case kNoPosition:
-      return "no-position";
-    case kOutside:
-      break;
+    case kNoSystem: return "no-crs";
+    case kUnknownSystem: return "unknown-crs";
+    case kNoPosition: return "no-position";
+    case kOutside: break;
   }
   return "outside-crs";
 }

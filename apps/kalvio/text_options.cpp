@@ -135,9 +135,7 @@ Counts OfKind(const Counts& counts, PointKind kind) {
       part.knownGroups = counts.knownGroups;
       part.knownPoints = counts.knownPoints;
       break;
-    case PointKind::kControl:
-      part.controlPoints = counts.controlPoints;
-      break;
+    case PointKind::kControl: part.controlPoints = counts.controlPoints; break;
     case PointKind::kTotalStation:
       part.jobs = counts.jobs;
       part.stations = counts.stations;

@@ -12,9 +12,8 @@ constexpr int kRowsShown = 10;
 }  // namespace
 
 void PreviewPoints(HostDocument& document, const TextOptions& options, bool all) {
-  const PointPreview preview =
-      PreviewOf(document, options.kind.value_or(PointKind::kKnown), options.columns,
-                all ? -1 : kRowsShown);
+  const PointPreview preview = PreviewOf(document, options.kind.value_or(PointKind::kKnown),
+                                         options.columns, all ? -1 : kRowsShown);
   std::vector<std::string> head;
   for (const int column : preview.columns) head.emplace_back(ColumnName(column));
   Table table;

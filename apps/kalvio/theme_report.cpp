@@ -25,16 +25,11 @@ std::string InWords(gis::EntityType type) {
 
 std::string InWords(gis::FieldType type) {
   switch (type) {
-    case gis::FieldType::kText:
-      return Text(Xlate("text"));
-    case gis::FieldType::kInteger:
-      return Text(Xlate("whole number"));
-    case gis::FieldType::kReal:
-      return Text(Xlate("number"));
-    case gis::FieldType::kDate:
-      return Text(Xlate("date"));
-    case gis::FieldType::kBool:
-      break;
+    case gis::FieldType::kText: return Text(Xlate("text"));
+    case gis::FieldType::kInteger: return Text(Xlate("whole number"));
+    case gis::FieldType::kReal: return Text(Xlate("number"));
+    case gis::FieldType::kDate: return Text(Xlate("date"));
+    case gis::FieldType::kBool: break;
   }
   return Text(Xlate("yes or no"));
 }

@@ -141,9 +141,7 @@ DbfColumn LayOutField(const gis::CTable& table, int position, int mostCharacters
   column.mostCharacters = static_cast<std::size_t>(std::clamp(mostCharacters, 1, kWidestText));
   const int declared = std::clamp(field.width, 0, kWidestText);
   switch (field.type) {
-    case gis::FieldType::kText:
-      LayOutText(table, column, declared, remarks);
-      break;
+    case gis::FieldType::kText: LayOutText(table, column, declared, remarks); break;
     case gis::FieldType::kInteger:
       column.kind = 'N';
       LayOutWhole(table, column, declared);

@@ -80,14 +80,10 @@ double DegreesOfSexagesimal(double value) {
 double Units::Gon(double value) const {
   constexpr double kGonPerDegree = 400.0 / 360;
   switch (angle) {
-    case AngleUnit::kGon:
-      return value;
-    case AngleUnit::kDegrees:
-      return value * kGonPerDegree;
-    case AngleUnit::kSexagesimal:
-      return DegreesOfSexagesimal(value) * kGonPerDegree;
-    case AngleUnit::kRadians:
-      break;
+    case AngleUnit::kGon: return value;
+    case AngleUnit::kDegrees: return value * kGonPerDegree;
+    case AngleUnit::kSexagesimal: return DegreesOfSexagesimal(value) * kGonPerDegree;
+    case AngleUnit::kRadians: break;
   }
   return value * (200 / std::numbers::pi);
 }

@@ -176,15 +176,12 @@ std::string Reason(XML_Error error) {
   switch (error) {
     case XML_ERROR_NO_ELEMENTS:
     case XML_ERROR_UNCLOSED_TOKEN:
-    case XML_ERROR_PARTIAL_CHAR:
-      return Xlate("the file ends too early").ToUtf8();
+    case XML_ERROR_PARTIAL_CHAR: return Xlate("the file ends too early").ToUtf8();
     case XML_ERROR_UNKNOWN_ENCODING:
-    case XML_ERROR_INCORRECT_ENCODING:
-      return Xlate("its encoding cannot be read").ToUtf8();
+    case XML_ERROR_INCORRECT_ENCODING: return Xlate("its encoding cannot be read").ToUtf8();
     case XML_ERROR_AMPLIFICATION_LIMIT_BREACH:
       return Xlate("its entities grow without bound").ToUtf8();
-    default:
-      return Fill(Xlate("this is no XML: {1}"), {XML_ErrorString(error)}).ToUtf8();
+    default: return Fill(Xlate("this is no XML: {1}"), {XML_ErrorString(error)}).ToUtf8();
   }
 }
 

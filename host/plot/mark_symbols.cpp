@@ -22,15 +22,12 @@ std::size_t IndexOf(MarkKind kind) { return static_cast<std::size_t>(kind); }
 std::uint32_t MostWhole(MarkKind kind) {
   switch (kind) {
     case MarkKind::kStation:
-    case MarkKind::kGpsBase:
-      return kMostStations;
+    case MarkKind::kGpsBase: return kMostStations;
     case MarkKind::kKnown:
-    case MarkKind::kControl:
-      return kMostLarge;
+    case MarkKind::kControl: return kMostLarge;
     case MarkKind::kGps:
     case MarkKind::kManyKnown:
-    case MarkKind::kMeasured:
-      break;
+    case MarkKind::kMeasured: break;
   }
   return kMostSmall;
 }
@@ -115,18 +112,13 @@ void AddDots(Crowds& crowds, const Sheet& sheet, MarkSymbols& result) {
 
 double HalfSymbol(MarkKind kind) {
   switch (kind) {
-    case MarkKind::kStation:
-      return 1.5;
+    case MarkKind::kStation: return 1.5;
     case MarkKind::kGpsBase:
-    case MarkKind::kKnown:
-      return 1.2;
-    case MarkKind::kControl:
-      return 1.0;
+    case MarkKind::kKnown: return 1.2;
+    case MarkKind::kControl: return 1.0;
     case MarkKind::kGps:
-    case MarkKind::kManyKnown:
-      return 0.7;
-    case MarkKind::kMeasured:
-      break;
+    case MarkKind::kManyKnown: return 0.7;
+    case MarkKind::kMeasured: break;
   }
   return 0.6;
 }

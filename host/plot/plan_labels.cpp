@@ -54,18 +54,13 @@ double Upright(double angle) {
 
 double TextSize(TextKind kind) {
   switch (kind) {
-    case TextKind::kStation:
-      return 2.4;
-    case TextKind::kRoad:
-      return 2.6;
-    case TextKind::kKnown:
-      return 2.1;
+    case TextKind::kStation: return 2.4;
+    case TextKind::kRoad: return 2.6;
+    case TextKind::kKnown: return 2.1;
     case TextKind::kName:
-    case TextKind::kChainage:
-      return 1.9;
+    case TextKind::kChainage: return 1.9;
     case TextKind::kCode:
-    case TextKind::kContour:
-      break;
+    case TextKind::kContour: break;
   }
   return 1.7;
 }

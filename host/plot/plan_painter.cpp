@@ -19,18 +19,13 @@ constexpr double kVeil = 0.75;  // behind labels
 
 Colour ColourOf(MarkKind kind) {
   switch (kind) {
-    case MarkKind::kStation:
-      return kStationBlue;
+    case MarkKind::kStation: return kStationBlue;
     case MarkKind::kKnown:
-    case MarkKind::kManyKnown:
-      return kKnownGreen;
-    case MarkKind::kControl:
-      return kControlPurple;
+    case MarkKind::kManyKnown: return kKnownGreen;
+    case MarkKind::kControl: return kControlPurple;
     case MarkKind::kGpsBase:
-    case MarkKind::kGps:
-      return kGpsTeal;
-    case MarkKind::kMeasured:
-      break;
+    case MarkKind::kGps: return kGpsTeal;
+    case MarkKind::kMeasured: break;
   }
   return kInk;
 }
@@ -148,25 +143,15 @@ TextStyle StyleOf(TextKind kind) {
       style.isBold = true;
       style.colour = kStationBlue;
       break;
-    case TextKind::kKnown:
-      style.colour = kKnownGreen;
-      break;
-    case TextKind::kName:
-      style.colour = kInk;
-      break;
-    case TextKind::kCode:
-      style.colour = kCodeGrey;
-      break;
+    case TextKind::kKnown: style.colour = kKnownGreen; break;
+    case TextKind::kName: style.colour = kInk; break;
+    case TextKind::kCode: style.colour = kCodeGrey; break;
     case TextKind::kRoad:
       style.isBold = true;
       style.colour = line_style::kAxis.colour;
       break;
-    case TextKind::kChainage:
-      style.colour = line_style::kTick.colour;
-      break;
-    case TextKind::kContour:
-      style.colour = line_style::kHeavyContour.colour;
-      break;
+    case TextKind::kChainage: style.colour = line_style::kTick.colour; break;
+    case TextKind::kContour: style.colour = line_style::kHeavyContour.colour; break;
   }
   return style;
 }
@@ -181,22 +166,14 @@ void PaintSymbol(Canvas& canvas, MarkKind kind, const Place& place) {
       canvas.Disc(place, 0.2, colour);
       break;
     case MarkKind::kKnown:
-    case MarkKind::kManyKnown:
-      canvas.Fill(Triangle(place, half), colour);
-      break;
-    case MarkKind::kControl:
-      canvas.Stroke(Diamond(place, half), kSymbolWidth, colour);
-      break;
+    case MarkKind::kManyKnown: canvas.Fill(Triangle(place, half), colour); break;
+    case MarkKind::kControl: canvas.Stroke(Diamond(place, half), kSymbolWidth, colour); break;
     case MarkKind::kGpsBase:
       canvas.Circle(place, half, kSymbolWidth * 1.4, colour);
       canvas.Disc(place, 0.4, colour);
       break;
-    case MarkKind::kGps:
-      canvas.Circle(place, half, kSymbolWidth, colour);
-      break;
-    case MarkKind::kMeasured:
-      PaintCross(canvas, place, half, colour);
-      break;
+    case MarkKind::kGps: canvas.Circle(place, half, kSymbolWidth, colour); break;
+    case MarkKind::kMeasured: PaintCross(canvas, place, half, colour); break;
   }
 }
 

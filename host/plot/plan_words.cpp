@@ -63,19 +63,13 @@ std::string ExtentInWords(const PlanContent& content) {
 
 std::string NameOfKind(MarkKind kind) {
   switch (kind) {
-    case MarkKind::kStation:
-      return Xlate("station").ToUtf8();
-    case MarkKind::kGpsBase:
-      return Xlate("GPS base").ToUtf8();
+    case MarkKind::kStation: return Xlate("station").ToUtf8();
+    case MarkKind::kGpsBase: return Xlate("GPS base").ToUtf8();
     case MarkKind::kKnown:
-    case MarkKind::kManyKnown:
-      return Xlate("known point").ToUtf8();
-    case MarkKind::kControl:
-      return Xlate("control point").ToUtf8();
-    case MarkKind::kGps:
-      return Xlate("GPS point").ToUtf8();
-    case MarkKind::kMeasured:
-      break;
+    case MarkKind::kManyKnown: return Xlate("known point").ToUtf8();
+    case MarkKind::kControl: return Xlate("control point").ToUtf8();
+    case MarkKind::kGps: return Xlate("GPS point").ToUtf8();
+    case MarkKind::kMeasured: break;
   }
   return Xlate("measured point").ToUtf8();
 }

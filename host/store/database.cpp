@@ -103,15 +103,10 @@ void Statement::Read(std::string& text) {
 void Statement::Read(double& value) {
   const int column = next_++;
   switch (sqlite3_column_type(statement_.get(), column)) {
-    case SQLITE_NULL:
-      value = UndefinedValue;
-      break;
+    case SQLITE_NULL: value = UndefinedValue; break;
     case SQLITE_INTEGER:
-    case SQLITE_FLOAT:
-      value = sqlite3_column_double(statement_.get(), column);
-      break;
-    default:
-      FailAtColumn(column);
+    case SQLITE_FLOAT: value = sqlite3_column_double(statement_.get(), column); break;
+    default: FailAtColumn(column);
   }
 }
 

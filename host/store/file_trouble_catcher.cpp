@@ -8,14 +8,10 @@ namespace {
 std::string_view InWords(platform::FileTrouble::Action action) {
   using Action = platform::FileTrouble::Action;
   switch (action) {
-    case Action::kOpen:
-      return "opened";
-    case Action::kRead:
-      return "read";
-    case Action::kCreate:
-      return "created";
-    case Action::kWrite:
-      break;
+    case Action::kOpen: return "opened";
+    case Action::kRead: return "read";
+    case Action::kCreate: return "created";
+    case Action::kWrite: break;
   }
   return "written";
 }

@@ -122,12 +122,8 @@ std::optional<gis::Value> ValueIn(const JsonValue& json, gis::FieldType type,
       expected = "a text or null";
       if (text != nullptr) return std::string_view(**text);
       break;
-    case gis::FieldType::kInteger:
-      expected = "a whole number or null";
-      return WholeIn(json);
-    case gis::FieldType::kReal:
-      expected = "a number or null";
-      return RealIn(json);
+    case gis::FieldType::kInteger: expected = "a whole number or null"; return WholeIn(json);
+    case gis::FieldType::kReal: expected = "a number or null"; return RealIn(json);
     case gis::FieldType::kDate:
       expected = "a date such as \"2024-02-29\" or null";
       if (text != nullptr) {

@@ -197,18 +197,12 @@ std::string JsonJobReader::PutMember(const JsonValue& value) {
 std::string JsonJobReader::PutListed(const JsonValue& value) {
   if (levels_.back() == &Levels::kParts) return PutPart(value);
   switch (levels_.back()->form) {
-    case Form::kRow:
-      return PutNumber(value);
-    case Form::kNumbers:
-      return PutLoneNumber(value);
-    case Form::kValues:
-      return PutLoneValue(value);
-    case Form::kTexts:
-      return PutLoneText(value);
-    case Form::kListOfLists:
-      return "a list";
-    default:
-      return "an object";
+    case Form::kRow: return PutNumber(value);
+    case Form::kNumbers: return PutLoneNumber(value);
+    case Form::kValues: return PutLoneValue(value);
+    case Form::kTexts: return PutLoneText(value);
+    case Form::kListOfLists: return "a list";
+    default: return "an object";
   }
 }
 

@@ -220,5 +220,6 @@ bool SelectStation(const std::array<int, 2>& indices, HostDocument& document);
 bool SelectGpsGroup(int index, HostDocument& document);
 
 /// How many points of all kinds, control records, vertices and triangles of terrain, features
-/// of themes and entities of the drawing included, the document holds: what takes the time when it is written.
+/// of themes and entities of the drawing included, the document holds: what takes the time when it
+/// is written.
 std::uint64_t CountRecords(HostDocument& document);

@@ -23,17 +23,13 @@ std::optional<gis::Value> ValueOf(const std::optional<Parsed>& parsed) {
 
 std::optional<gis::Value> PlainIn(std::string_view text, gis::FieldType type) {
   switch (type) {
-    case gis::FieldType::kInteger:
-      return ValueOf(platform::ParseWhole(text));
-    case gis::FieldType::kReal:
-      return ValueOf(platform::ParseDecimal(text));
-    case gis::FieldType::kDate:
-      return ValueOf(DateIn(text));
+    case gis::FieldType::kInteger: return ValueOf(platform::ParseWhole(text));
+    case gis::FieldType::kReal: return ValueOf(platform::ParseDecimal(text));
+    case gis::FieldType::kDate: return ValueOf(DateIn(text));
     case gis::FieldType::kBool:
       if (text == "1" || text == "0") return gis::Value(text == "1");
       break;
-    case gis::FieldType::kText:
-      break;
+    case gis::FieldType::kText: break;
   }
   return std::nullopt;
 }

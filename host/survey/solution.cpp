@@ -37,14 +37,10 @@ std::vector<int> Used(const std::vector<TargetSight>& sights, const Flags& isUse
 
 SetUpTrouble InWordsOfSetUp(ResectionTrouble trouble) {
   switch (trouble) {
-    case ResectionTrouble::kTooFewSights:
-      return SetUpTrouble::kTooFewSights;
-    case ResectionTrouble::kUndetermined:
-      return SetUpTrouble::kUndetermined;
-    case ResectionTrouble::kDoesNotFit:
-      return SetUpTrouble::kDoesNotFit;
-    case ResectionTrouble::kNone:
-      break;
+    case ResectionTrouble::kTooFewSights: return SetUpTrouble::kTooFewSights;
+    case ResectionTrouble::kUndetermined: return SetUpTrouble::kUndetermined;
+    case ResectionTrouble::kDoesNotFit: return SetUpTrouble::kDoesNotFit;
+    case ResectionTrouble::kNone: break;
   }
   return SetUpTrouble::kNone;
 }

@@ -48,14 +48,10 @@ Value Column::At(std::size_t row) const {
       const std::uint64_t first = row == 0 ? 0 : ends_[row - 1] & ~kNullText;
       return std::string_view(texts_).substr(first, ends_[row] - first);
     }
-    case FieldType::kInteger:
-      return wholes_[row] == kNullWhole ? Value() : Value(wholes_[row]);
-    case FieldType::kReal:
-      return std::isnan(reals_[row]) ? Value() : Value(reals_[row]);
-    case FieldType::kDate:
-      return dates_[row] == 0 ? Value() : Value(Unpacked(dates_[row]));
-    case FieldType::kBool:
-      return flags_[row] < 0 ? Value() : Value(flags_[row] != 0);
+    case FieldType::kInteger: return wholes_[row] == kNullWhole ? Value() : Value(wholes_[row]);
+    case FieldType::kReal: return std::isnan(reals_[row]) ? Value() : Value(reals_[row]);
+    case FieldType::kDate: return dates_[row] == 0 ? Value() : Value(Unpacked(dates_[row]));
+    case FieldType::kBool: return flags_[row] < 0 ? Value() : Value(flags_[row] != 0);
   }
   return {};
 }
@@ -69,10 +65,8 @@ void Column::AddText(const Value& value) {
 void Column::Add(const Value& value) {
   ++size_;
   switch (type_) {
-    case FieldType::kText:
-      return AddText(value);
-    case FieldType::kInteger:
-      return wholes_.push_back(ValueOr(value, kNullWhole));
+    case FieldType::kText: return AddText(value);
+    case FieldType::kInteger: return wholes_.push_back(ValueOr(value, kNullWhole));
     case FieldType::kReal: {
       const double number = NumberOf(value);
       return reals_.push_back(IsDefined(number) ? number

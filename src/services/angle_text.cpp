@@ -43,12 +43,9 @@ AngleUnit CMeasureSystem::GetAngleUnit() {
 tdk::WString CMeasureSystem::GetTsAngleString(double gon) {
   if (!IsDefined(gon)) return {};
   switch (GetAngleUnit()) {
-    case AngleUnit::kDecimalDegrees:
-      return StringDaDouble(gon * kDegreesPerGon, 0, 5);
-    case AngleUnit::kSexagesimal:
-      return SexagesimalText(gon * kDegreesPerGon, 1);
-    case AngleUnit::kGon:
-      break;
+    case AngleUnit::kDecimalDegrees: return StringDaDouble(gon * kDegreesPerGon, 0, 5);
+    case AngleUnit::kSexagesimal: return SexagesimalText(gon * kDegreesPerGon, 1);
+    case AngleUnit::kGon: break;
   }
   return StringDaDouble(gon, 0, 4);
 }
@@ -56,12 +53,9 @@ tdk::WString CMeasureSystem::GetTsAngleString(double gon) {
 double CMeasureSystem::GetTsAngleValueCent(const tdk::WString& text) {
   if (text.IsEmpty()) return UndefinedValue;
   switch (GetAngleUnit()) {
-    case AngleUnit::kDecimalDegrees:
-      return DoubleDaString(text) / kDegreesPerGon;
-    case AngleUnit::kSexagesimal:
-      return DegreesFromSexagesimal(text.ToUtf8()) / kDegreesPerGon;
-    case AngleUnit::kGon:
-      break;
+    case AngleUnit::kDecimalDegrees: return DoubleDaString(text) / kDegreesPerGon;
+    case AngleUnit::kSexagesimal: return DegreesFromSexagesimal(text.ToUtf8()) / kDegreesPerGon;
+    case AngleUnit::kGon: break;
   }
   return DoubleDaString(text);
 }

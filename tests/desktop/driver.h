@@ -95,7 +95,8 @@ class Driver {
 
  private:
   void Look();
-  // Anew each time: a timer does not fire within its own event, and there a window may open another.
+  // Anew each time: a timer does not fire within its own event, and there a window may open
+  // another.
   void LookSoon() {
     QTimer::singleShot(0, &owner_, [this] {
       LookSoon();

@@ -132,7 +132,6 @@ class FullDrawing {
   int outer_ = 0;
 };
 
-
 class Describer {
  public:
   explicit Describer(const CTcadEng& engine) : engine_(engine) {}

@@ -214,15 +214,13 @@ inline std::unique_ptr<CPlaniElem> AnyElement(Random& random) {
   const double size = random.Real(1, 1000);
   const bool ccw = random.OneIn(2);
   switch (random.Whole(0, 3)) {
-    case 0:
-      return std::make_unique<CLinePlaniElem>(prog, start, AnyPlace(random));
+    case 0: return std::make_unique<CLinePlaniElem>(prog, start, AnyPlace(random));
     case 1:
       return std::make_unique<CArcPlaniElem>(prog, start, tangent, size, random.Real(0, 6), ccw);
     case 2:
       return std::make_unique<CClotPlaniElem>(prog, start, tangent, size, random.Real(1, 1000),
                                               random.OneIn(2), ccw);
-    default:
-      return std::make_unique<COtherPlaniElem>(prog, start, AnyPlace(random));
+    default: return std::make_unique<COtherPlaniElem>(prog, start, AnyPlace(random));
   }
 }
 

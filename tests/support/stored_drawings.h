@@ -119,25 +119,18 @@ inline cad::InsertShape AnyInsert(Random& random, int blocks) {
 inline cad::Shape AnyShape(Random& random) {
   const auto number = [&] { return stored_jobs::AnyNumber(random); };
   switch (random.Whole(0, 8)) {
-    case 0:
-      return cad::PointShape{AnyPoint(random)};
-    case 1:
-      return cad::LineShape{AnyPoint(random), AnyPoint(random)};
-    case 2:
-      return AnyPolyline(random);
-    case 3:
-      return cad::CircleShape{AnyPoint(random), number()};
-    case 4:
-      return cad::ArcShape{AnyPoint(random), number(), number(), number()};
+    case 0: return cad::PointShape{AnyPoint(random)};
+    case 1: return cad::LineShape{AnyPoint(random), AnyPoint(random)};
+    case 2: return AnyPolyline(random);
+    case 3: return cad::CircleShape{AnyPoint(random), number()};
+    case 4: return cad::ArcShape{AnyPoint(random), number(), number(), number()};
     case 5:
       return cad::EllipseShape{AnyPoint(random), AnyPoint(random), number(), number(), number()};
     case 6:
       return cad::TextShape{AnyPoint(random), number(), number(),
                             stored_jobs::AnyText(random).ToUtf8()};
-    case 7:
-      return cad::FaceShape{AnyPoints(random, random.Whole(3, 4))};
-    default:
-      return cad::SolidShape{AnyPoints(random, random.Whole(3, 4))};
+    case 7: return cad::FaceShape{AnyPoints(random, random.Whole(3, 4))};
+    default: return cad::SolidShape{AnyPoints(random, random.Whole(3, 4))};
   }
 }
 

@@ -8,16 +8,11 @@ std::unique_ptr<Control> MakeControl(const ControlRow& row, ControlHost& host) {
   using enum ControlKind;
   switch (row.kind) {
     case kList:
-    case kCheckList:
-      return MakeListControl(row, host);
-    case kColumns:
-      return MakeColumnControl(row, host);
+    case kCheckList: return MakeListControl(row, host);
+    case kColumns: return MakeColumnControl(row, host);
     case kFile:
-    case kFolder:
-      return MakeFileControl(row, host);
-    case kPreview:
-      return MakePreviewControl(row, host);
-    default:
-      return MakeSimpleControl(row, host);
+    case kFolder: return MakeFileControl(row, host);
+    case kPreview: return MakePreviewControl(row, host);
+    default: return MakeSimpleControl(row, host);
   }
 }

@@ -12,6 +12,7 @@ void DressForHandheld(QWidget& window, const DialogShape& shape) {
       "QPushButton { padding: 0 6px; min-width: 20px; }"
       "QSpinBox::up-button, QSpinBox::down-button { width: %3px; }"
       "QScrollBar:vertical { width: %4px; }");
-  window.setStyleSheet(style.arg(shape.finger).arg(shape.text).arg(shape.finger * 2 / 3).arg(shape.finger / 2));
+  window.setStyleSheet(
+      style.arg(shape.finger).arg(shape.text).arg(shape.finger * 2 / 3).arg(shape.finger / 2));
   window.setFixedSize(shape.screen);
 }

@@ -266,19 +266,12 @@ QSpinBox* NewNumber(const QString& name, int least, int most) {
 std::unique_ptr<Control> MakeSimpleControl(const ControlRow& row, ControlHost& host) {
   using enum ControlKind;
   switch (row.kind) {
-    case kHeading:
-      return std::make_unique<Heading>(row);
-    case kNumber:
-      return std::make_unique<Number>(row, host);
-    case kCombo:
-      return std::make_unique<Combo>(row, host);
-    case kRadio:
-      return std::make_unique<Radio>(row, host);
-    case kCheck:
-      return std::make_unique<Check>(row, host);
-    case kPress:
-      return std::make_unique<PressButton>(row, host);
-    default:
-      return std::make_unique<Line>(row, host);
+    case kHeading: return std::make_unique<Heading>(row);
+    case kNumber: return std::make_unique<Number>(row, host);
+    case kCombo: return std::make_unique<Combo>(row, host);
+    case kRadio: return std::make_unique<Radio>(row, host);
+    case kCheck: return std::make_unique<Check>(row, host);
+    case kPress: return std::make_unique<PressButton>(row, host);
+    default: return std::make_unique<Line>(row, host);
   }
 }

@@ -177,20 +177,13 @@ tdk::WString NameOf(HostDocument& document, const JobNode& node) {
 
 const CEgn* PointOf(HostDocument& document, const JobNode& node) {
   switch (node.kind) {
-    case kStation:
-      return document.GetLibCmp()->GetStaAt(node.a, node.b);
-    case kPoint:
-      return document.GetLibCmp()->GetPunAt(node.a, node.b, node.c);
-    case kGpsGroup:
-      return document.GetLibGps()->GetGrpAt(node.a);
-    case kGpsPoint:
-      return document.GetLibGps()->GetPunAt(node.a, node.b);
-    case kKnownPoint:
-      return document.GetLibPnt()->GetPtnAt(node.a, node.b);
-    case kControl:
-      return document.GetLibCmp()->GetOriAt(node.a);
-    default:
-      return nullptr;
+    case kStation: return document.GetLibCmp()->GetStaAt(node.a, node.b);
+    case kPoint: return document.GetLibCmp()->GetPunAt(node.a, node.b, node.c);
+    case kGpsGroup: return document.GetLibGps()->GetGrpAt(node.a);
+    case kGpsPoint: return document.GetLibGps()->GetPunAt(node.a, node.b);
+    case kKnownPoint: return document.GetLibPnt()->GetPtnAt(node.a, node.b);
+    case kControl: return document.GetLibCmp()->GetOriAt(node.a);
+    default: return nullptr;
   }
 }
 

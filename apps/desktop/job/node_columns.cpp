@@ -43,12 +43,9 @@ std::string Degrees(double radians) {
 
 std::string ThemeType(Doc& d, const Node& n) {
   switch (Theme(d, n).GetType()) {
-    case gis::EntityType::kPoint:
-      return Xlate("points").ToUtf8();
-    case gis::EntityType::kLine:
-      return Xlate("lines").ToUtf8();
-    default:
-      return Xlate("polygons").ToUtf8();
+    case gis::EntityType::kPoint: return Xlate("points").ToUtf8();
+    case gis::EntityType::kLine: return Xlate("lines").ToUtf8();
+    default: return Xlate("polygons").ToUtf8();
   }
 }
 
@@ -152,32 +149,19 @@ constexpr std::array kLayers = {
 
 std::span<const NodeColumn> ColumnsOf(NodeKind kind) {
   switch (kind) {
-    case NodeKind::kJob:
-      return kJobs;
-    case NodeKind::kStation:
-      return kStations;
-    case NodeKind::kPoint:
-      return kPoints;
-    case NodeKind::kGpsGroup:
-      return kGpsGroups;
-    case NodeKind::kGpsPoint:
-      return kGpsPoints;
-    case NodeKind::kKnownGroup:
-      return kKnownGroups;
+    case NodeKind::kJob: return kJobs;
+    case NodeKind::kStation: return kStations;
+    case NodeKind::kPoint: return kPoints;
+    case NodeKind::kGpsGroup: return kGpsGroups;
+    case NodeKind::kGpsPoint: return kGpsPoints;
+    case NodeKind::kKnownGroup: return kKnownGroups;
     case NodeKind::kKnownPoint:
-    case NodeKind::kControl:
-      return kPlainPoints;
-    case NodeKind::kSurface:
-      return kSurfaces;
-    case NodeKind::kRoad:
-      return kRoads;
-    case NodeKind::kTheme:
-      return kThemes;
-    case NodeKind::kFeature:
-      return kFeatures;
-    case NodeKind::kLayer:
-      return kLayers;
-    default:
-      return kSections;
+    case NodeKind::kControl: return kPlainPoints;
+    case NodeKind::kSurface: return kSurfaces;
+    case NodeKind::kRoad: return kRoads;
+    case NodeKind::kTheme: return kThemes;
+    case NodeKind::kFeature: return kFeatures;
+    case NodeKind::kLayer: return kLayers;
+    default: return kSections;
   }
 }

@@ -62,8 +62,8 @@ class CellGrid {
   void ChooseCells(std::size_t count) {
     const double cells = std::clamp(static_cast<double>(count) / kItemsInACell, 1.0, kMostCells);
     const double longer = std::max({extent_.Width(), extent_.Height(), 1e-6});
-    const double area = std::max(extent_.Width(), longer / cells) *
-                        std::max(extent_.Height(), longer / cells);
+    const double area =
+        std::max(extent_.Width(), longer / cells) * std::max(extent_.Height(), longer / cells);
     side_ = std::sqrt(area / cells);
     columns_ = static_cast<int>(extent_.Width() / side_) + 1;
     rows_ = static_cast<int>(extent_.Height() / side_) + 1;

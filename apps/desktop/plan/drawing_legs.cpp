@@ -32,9 +32,12 @@ Placement Within(const Placement& outer, const cad::InsertShape& insert, const P
   inner.x = insert.at.getX() - moved.x;
   inner.y = insert.at.getY() - moved.y;
   const Place origin = outer.At({inner.x, inner.y});
-  return {outer.xx * inner.xx + outer.xy * inner.yx, outer.xx * inner.xy + outer.xy * inner.yy,
-          outer.yx * inner.xx + outer.yy * inner.yx, outer.yx * inner.xy + outer.yy * inner.yy,
-          origin.x, origin.y};
+  return {outer.xx * inner.xx + outer.xy * inner.yx,
+          outer.xx * inner.xy + outer.xy * inner.yy,
+          outer.yx * inner.xx + outer.yy * inner.yx,
+          outer.yx * inner.xy + outer.yy * inner.yy,
+          origin.x,
+          origin.y};
 }
 
 Place PlaceOf(const Point& point) { return {point.getX(), point.getY()}; }

@@ -8,8 +8,8 @@ namespace {
 QIcon ColorOf(const PlanLayer& layer) {
   constexpr int kSide = 12;
   QPixmap picture(kSide, kSide);
-  const bool hasOne = layer.colors.empty() && layer.kind != LayerKind::kNames &&
-                      layer.kind != LayerKind::kCodes;
+  const bool hasOne =
+      layer.colors.empty() && layer.kind != LayerKind::kNames && layer.kind != LayerKind::kCodes;
   picture.fill(hasOne ? QColor(layer.color) : QColor(Qt::transparent));
   return picture;
 }

@@ -18,19 +18,13 @@ std::string Number(double value) {
 
 const char* KindName(plot::MarkKind kind) {
   switch (kind) {
-    case plot::MarkKind::kStation:
-      return ToXlate("Station {1}");
-    case plot::MarkKind::kGpsBase:
-      return ToXlate("GPS base {1}");
-    case plot::MarkKind::kGps:
-      return ToXlate("GPS point {1}");
+    case plot::MarkKind::kStation: return ToXlate("Station {1}");
+    case plot::MarkKind::kGpsBase: return ToXlate("GPS base {1}");
+    case plot::MarkKind::kGps: return ToXlate("GPS point {1}");
     case plot::MarkKind::kKnown:
-    case plot::MarkKind::kManyKnown:
-      return ToXlate("Known point {1}");
-    case plot::MarkKind::kControl:
-      return ToXlate("Control point {1}");
-    case plot::MarkKind::kMeasured:
-      break;
+    case plot::MarkKind::kManyKnown: return ToXlate("Known point {1}");
+    case plot::MarkKind::kControl: return ToXlate("Control point {1}");
+    case plot::MarkKind::kMeasured: break;
   }
   return ToXlate("Measured point {1}");
 }
@@ -80,16 +74,11 @@ double DistanceTo(const Leg& leg, const plot::Place& place) {
 
 const char* LayerName(LayerKind kind) {
   switch (kind) {
-    case LayerKind::kTheme:
-      return ToXlate("Theme {1}");
-    case LayerKind::kDrawing:
-      return ToXlate("Drawing layer {1}");
-    case LayerKind::kTerrain:
-      return ToXlate("Terrain model {1}");
-    case LayerKind::kRoad:
-      return ToXlate("Road {1}");
-    default:
-      return "{1}";
+    case LayerKind::kTheme: return ToXlate("Theme {1}");
+    case LayerKind::kDrawing: return ToXlate("Drawing layer {1}");
+    case LayerKind::kTerrain: return ToXlate("Terrain model {1}");
+    case LayerKind::kRoad: return ToXlate("Road {1}");
+    default: return "{1}";
   }
 }
 

@@ -89,18 +89,13 @@ Rgb RgbOf(std::uint16_t colorIndex) {
 
 Rgb RgbOf(plot::MarkKind kind) {
   switch (kind) {
-    case plot::MarkKind::kStation:
-      return 0x0A2E8C;
+    case plot::MarkKind::kStation: return 0x0A2E8C;
     case plot::MarkKind::kKnown:
-    case plot::MarkKind::kManyKnown:
-      return 0x006138;
-    case plot::MarkKind::kControl:
-      return 0x731F85;
+    case plot::MarkKind::kManyKnown: return 0x006138;
+    case plot::MarkKind::kControl: return 0x731F85;
     case plot::MarkKind::kGpsBase:
-    case plot::MarkKind::kGps:
-      return 0x006B94;
-    case plot::MarkKind::kMeasured:
-      break;
+    case plot::MarkKind::kGps: return 0x006B94;
+    case plot::MarkKind::kMeasured: break;
   }
   return 0x1F1F24;
 }

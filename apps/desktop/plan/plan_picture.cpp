@@ -46,7 +46,11 @@ class Painter {
  public:
   Painter(const PlanModel& model, const ViewWindow& view, const PictureOptions& options,
           QImage& image)
-      : model_(model), view_(view), options_(options), image_(image), painter_(&image),
+      : model_(model),
+        view_(view),
+        options_(options),
+        image_(image),
+        painter_(&image),
         shown_(view.Shown()) {}
 
   void Paint() {
@@ -170,16 +174,16 @@ class Painter {
         painter_.drawPolygon(triangle);
         break;
       case plot::MarkKind::kControl:
-        painter_.drawPolygon(QPolygonF({{at.x(), at.y() - h}, {at.x() + h, at.y()},
-                                        {at.x(), at.y() + h}, {at.x() - h, at.y()}}));
+        painter_.drawPolygon(QPolygonF({{at.x(), at.y() - h},
+                                        {at.x() + h, at.y()},
+                                        {at.x(), at.y() + h},
+                                        {at.x() - h, at.y()}}));
         break;
       case plot::MarkKind::kGpsBase:
         painter_.setBrush(color);
         painter_.drawEllipse(at, h * 0.8, h * 0.8);
         break;
-      case plot::MarkKind::kGps:
-        painter_.drawEllipse(at, h * 0.6, h * 0.6);
-        break;
+      case plot::MarkKind::kGps: painter_.drawEllipse(at, h * 0.6, h * 0.6); break;
       case plot::MarkKind::kMeasured:
         painter_.drawLine(QLineF(at.x() - h * 0.6, at.y(), at.x() + h * 0.6, at.y()));
         painter_.drawLine(QLineF(at.x(), at.y() - h * 0.6, at.x(), at.y() + h * 0.6));

@@ -9,7 +9,7 @@
 namespace plan {
 
 struct PictureOptions {
-  double pixelRatio = 1;            ///< device pixels of a pixel
+  double pixelRatio = 1;              ///< device pixels of a pixel
   const CEgn* highlighted = nullptr;  ///< a point with a ring around it
 };
 

@@ -151,31 +151,15 @@ void PlanView::keyPressEvent(QKeyEvent* event) {
   const double down = height() * kShare;
   isFitted_ = false;
   switch (event->key()) {
-    case Qt::Key_Left:
-      window_.Move(across, 0);
-      break;
-    case Qt::Key_Right:
-      window_.Move(-across, 0);
-      break;
-    case Qt::Key_Up:
-      window_.Move(0, down);
-      break;
-    case Qt::Key_Down:
-      window_.Move(0, -down);
-      break;
+    case Qt::Key_Left: window_.Move(across, 0); break;
+    case Qt::Key_Right: window_.Move(-across, 0); break;
+    case Qt::Key_Up: window_.Move(0, down); break;
+    case Qt::Key_Down: window_.Move(0, -down); break;
     case Qt::Key_Plus:
-    case Qt::Key_Equal:
-      ZoomIn();
-      break;
-    case Qt::Key_Minus:
-      ZoomOut();
-      break;
-    case Qt::Key_Home:
-      Fit();
-      break;
-    default:
-      QWidget::keyPressEvent(event);
-      return;
+    case Qt::Key_Equal: ZoomIn(); break;
+    case Qt::Key_Minus: ZoomOut(); break;
+    case Qt::Key_Home: Fit(); break;
+    default: QWidget::keyPressEvent(event); return;
   }
   update();
 }

@@ -19,8 +19,8 @@ void VisitSides(const CTris& triangles, const OnSide& onSide) {
   for (int i = 0; i < triangles.GetNoTris(); ++i) {
     const CTri& triangle = triangles.GetTriAt(i);
     for (int k = 0; k < 3; ++k) {
-      const auto [from, to] = std::minmax({triangle.GetVerIndex(k),
-                                           triangle.GetVerIndex((k + 1) % 3)});
+      const auto [from, to] =
+          std::minmax({triangle.GetVerIndex(k), triangle.GetVerIndex((k + 1) % 3)});
       onSide(from, Side{to, static_cast<std::uint32_t>(i)});
     }
   }
@@ -36,9 +36,8 @@ std::vector<Leg> TriangleSides(const CDtmPrj& model) {
   for (std::size_t i = 1; i < ends.size(); ++i) ends[i] += ends[i - 1];
   std::vector<Side> sides(ends.back());
   std::vector<std::size_t> next(ends.begin(), ends.end() - 1);
-  VisitSides(triangles, [&](int from, Side side) {
-    sides[next[static_cast<std::size_t>(from)]++] = side;
-  });
+  VisitSides(triangles,
+             [&](int from, Side side) { sides[next[static_cast<std::size_t>(from)]++] = side; });
   std::vector<Leg> legs;
   legs.reserve(sides.size() / 2 + 1);
   for (std::size_t vertex = 0; vertex + 1 < ends.size(); ++vertex) {

@@ -30,9 +30,9 @@ void ViewWindow::Fit(const plot::Box& extent) {
   if (box.Width() == 0 && box.Height() == 0) box = box.Grown(kAlone);
   middle_ = box.Middle();
   const double share = 1 - 2 * kMargin;
-  metresPerPixel_ = std::clamp(
-      std::max(box.Width() / (width_ * share), box.Height() / (height_ * share)), kFinest,
-      kCoarsest);
+  metresPerPixel_ =
+      std::clamp(std::max(box.Width() / (width_ * share), box.Height() / (height_ * share)),
+                 kFinest, kCoarsest);
 }
 
 void ViewWindow::Move(double right, double down) {

@@ -29,8 +29,8 @@ Moment Now() {
 std::string IdentityOf(const Moment& saved, std::uint64_t records) {
   std::string identity = "{00000000-0000-0000-0000-000000000000}";
   std::uint64_t number = 0xCBF2'9CE4'8422'2325;
-  for (const std::uint64_t part : {std::uint64_t{saved.day}, std::uint64_t{saved.milliseconds},
-                                   records}) {
+  for (const std::uint64_t part :
+       {std::uint64_t{saved.day}, std::uint64_t{saved.milliseconds}, records}) {
     number = (number ^ part) * 0x100'0000'01B3;
   }
   for (char& c : identity) {

@@ -224,15 +224,15 @@ void Data(S& s, SplineRecord& it) {
   s.Long(kind);
   s.Long(it.degree);
   if (kind == kOfFits) {
-    s.Doubles({0});        // how near it comes
-    s.Points({{}, {}});    // directions at its ends
+    s.Doubles({0});      // how near it comes
+    s.Points({{}, {}});  // directions at its ends
     s.Count(fits, 6);
   } else {
     bool isRational = it.hasWeights;
     s.Flag(isRational);
     s.Flag(it.isClosed);
-    s.Flags({false});      // periodic
-    s.Doubles({0, 0});     // what counts as the same
+    s.Flags({false});   // periodic
+    s.Doubles({0, 0});  // what counts as the same
     s.Count(knots, 2);
     s.Count(controls, 6);
     s.Flag(it.hasWeights);

@@ -108,7 +108,11 @@ Handle TakeHandle(BitReader& bits, Handle own) {
   Handle value = 0;
   for (unsigned i = 0; i < size; ++i) value = value << 8 | bits.Bits(8);
   switch (code) {
-    case 0: case 2: case 3: case 4: case 5: return value;
+    case 0:
+    case 2:
+    case 3:
+    case 4:
+    case 5: return value;
     case 6: return own + 1;
     case 8: return own - 1;
     case 0xA: return own + value;

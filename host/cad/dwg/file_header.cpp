@@ -186,9 +186,10 @@ void WriteSecondHeader(FileWriter& file, const FileLayout& layout,
     fields.Long(static_cast<std::uint32_t>(place.size));
   }
   const FixedHandles& it = variables.handles;
-  const Handle handles[] = {variables.nextHandle, it.blocks, it.layers, it.styles, it.lineTypes,
-                            it.views, it.systems, it.viewports, it.programs, it.dimensions,
-                            it.viewportHeaders, it.names, it.multiLineStyles, it.groups};
+  const Handle handles[] = {variables.nextHandle, it.blocks,     it.layers,          it.styles,
+                            it.lineTypes,         it.views,      it.systems,         it.viewports,
+                            it.programs,          it.dimensions, it.viewportHeaders, it.names,
+                            it.multiLineStyles,   it.groups};
   fields.Short(static_cast<std::uint16_t>(std::size(handles)));
   for (unsigned i = 0; i < std::size(handles); ++i) PutIndexed(bits, i, handles[i]);
   std::string region;

@@ -27,7 +27,7 @@ struct FixedHandles {
 
 struct HeaderVariables {
   Handle nextHandle = 0;
-  Place least;     ///< of the extent
+  Place least;  ///< of the extent
   Place greatest;
   Moment saved;
   std::string identity;  ///< 38 characters
@@ -227,9 +227,9 @@ void Data(S& s, HeaderVariables& it) {
   }
   TableHandles(s, it.handles);
   if (s.Is2000()) Variables2000(s, it);
-  for (Handle* const handle : {&it.handles.paperSpace, &it.handles.modelSpace,
-                               &it.handles.lineByLayer, &it.handles.lineByBlock,
-                               &it.handles.solidLine}) {
+  for (Handle* const handle :
+       {&it.handles.paperSpace, &it.handles.modelSpace, &it.handles.lineByLayer,
+        &it.handles.lineByBlock, &it.handles.solidLine}) {
     s.Reference(Link::kHardPointer, *handle);
   }
   std::uint16_t last = 0xFFFF;

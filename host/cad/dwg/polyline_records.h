@@ -16,7 +16,7 @@ struct LightPolylineRecord {
   double thickness = 0;
   double width = 0;
   Place direction = kUp;
-  std::vector<Place> points;  ///< flat
+  std::vector<Place> points;   ///< flat
   std::vector<double> bulges;  ///< none, or as many as points
 };
 namespace light_flags {

@@ -114,9 +114,8 @@ void DrawingReader::ReadTables() {
 void DrawingReader::ReadLayer(OpenRecord& open) {
   const auto record = TakeRecord<LayerRecord>(open);
   const int color = static_cast<std::int16_t>(record.color);
-  drawings_[open.own] =
-      layers_.Take(record.name, {!record.isOff && !record.isFrozen && color >= 0, record.isLocked,
-                                 color < 0 ? -color : color});
+  drawings_[open.own] = layers_.Take(record.name, {!record.isOff && !record.isFrozen && color >= 0,
+                                                   record.isLocked, color < 0 ? -color : color});
 }
 
 void DrawingReader::ReadBlock(OpenRecord& open) {

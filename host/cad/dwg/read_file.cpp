@@ -31,11 +31,11 @@ struct OtherVersion {
   std::string_view mark;
   const char* name;
 };
-constexpr OtherVersion kOthers[] = {
-    {"AC1032", "2018"}, {"AC1027", "2013"}, {"AC1024", "2010"}, {"AC1021", "2007"},
-    {"AC1018", "2004"}, {"AC1009", "R12"},  {"AC1006", "R10"},  {"AC1004", "R9"},
-    {"AC1003", "R2.6"}, {"AC1002", "R2.5"}, {"AC1001", "R2.2"}, {"AC2.10", "R2.1"},
-    {"AC1.50", "R2.0"}, {"AC1.40", "R1.4"}, {"AC1.2\0", "R1.2"}};
+constexpr OtherVersion kOthers[] = {{"AC1032", "2018"}, {"AC1027", "2013"}, {"AC1024", "2010"},
+                                    {"AC1021", "2007"}, {"AC1018", "2004"}, {"AC1009", "R12"},
+                                    {"AC1006", "R10"},  {"AC1004", "R9"},   {"AC1003", "R2.6"},
+                                    {"AC1002", "R2.5"}, {"AC1001", "R2.2"}, {"AC2.10", "R2.1"},
+                                    {"AC1.50", "R2.0"}, {"AC1.40", "R1.4"}, {"AC1.2\0", "R1.2"}};
 
 tdk::WString InWords(std::uint64_t number) {
   std::string text;
@@ -90,9 +90,9 @@ void File::FindVersion() {
   for (const OtherVersion& other : kOthers) {
     if (mark.starts_with(other.mark)) throw Failure{RefusalOf(other.mark, other.name)};
   }
-  const bool isLater = mark.size() == kVersionBytes && mark.starts_with("AC10") &&
-                       std::all_of(mark.begin() + 4, mark.end(),
-                                   [](char c) { return c >= '0' && c <= '9'; });
+  const bool isLater =
+      mark.size() == kVersionBytes && mark.starts_with("AC10") &&
+      std::all_of(mark.begin() + 4, mark.end(), [](char c) { return c >= '0' && c <= '9'; });
   if (isLater) throw Failure{RefusalOf(mark, "?")};
   throw Failure{Xlate("this is no DWG file")};
 }

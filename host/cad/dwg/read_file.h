@@ -25,9 +25,7 @@ class File {
   /// As the header numbers it.
   unsigned CodePage() const { return codePage_; }
   std::size_t Size() const { return size_; }
-  std::string_view Bytes() const {
-    return {reinterpret_cast<const char*>(bytes_.data()), size_};
-  }
+  std::string_view Bytes() const { return {reinterpret_cast<const char*>(bytes_.data()), size_}; }
   /// From a byte up to another; both within the file.
   BitReader Bits(std::size_t begin, std::size_t end) const {
     return {bytes_.data(), begin * 8, end * 8};

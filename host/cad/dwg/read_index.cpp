@@ -20,13 +20,17 @@ struct TypeName {
   const char* name;
 };
 // Of entities that are not read.
-constexpr TypeName kNames[] = {
-    {20, "DIMENSION"},  {21, "DIMENSION"}, {22, "DIMENSION"}, {23, "DIMENSION"},
-    {24, "DIMENSION"},  {25, "DIMENSION"}, {26, "DIMENSION"}, {33, "SHAPE"},
-    {34, "VIEWPORT"},   {36, "SPLINE"},    {37, "REGION"},    {38, "3DSOLID"},
-    {39, "BODY"},       {40, "RAY"},       {41, "XLINE"},     {43, "OLEFRAME"},
-    {45, "LEADER"},     {46, "TOLERANCE"}, {47, "MLINE"},     {74, "OLE2FRAME"},
-    {78, "HATCH"},      {498, "ACAD_PROXY_ENTITY"}};
+constexpr TypeName kNames[] = {{20, "DIMENSION"}, {21, "DIMENSION"},
+                               {22, "DIMENSION"}, {23, "DIMENSION"},
+                               {24, "DIMENSION"}, {25, "DIMENSION"},
+                               {26, "DIMENSION"}, {33, "SHAPE"},
+                               {34, "VIEWPORT"},  {36, "SPLINE"},
+                               {37, "REGION"},    {38, "3DSOLID"},
+                               {39, "BODY"},      {40, "RAY"},
+                               {41, "XLINE"},     {43, "OLEFRAME"},
+                               {45, "LEADER"},    {46, "TOLERANCE"},
+                               {47, "MLINE"},     {74, "OLE2FRAME"},
+                               {78, "HATCH"},     {498, "ACAD_PROXY_ENTITY"}};
 
 bool IsEntityType(unsigned type) {
   constexpr unsigned kProxy = 498;
@@ -137,7 +141,11 @@ OpenRecord RecordIndex::OpenAt(std::uint32_t address) const {
   const unsigned crc = static_cast<unsigned>(
       static_cast<unsigned char>(file_.Bytes()[end]) |
       static_cast<unsigned>(static_cast<unsigned char>(file_.Bytes()[end + 1])) << 8);
-  return {type, isEntity, own, size, crc == Crc(kCrcStart, all),
+  return {type,
+          isEntity,
+          own,
+          size,
+          crc == Crc(kCrcStart, all),
           FieldReader(bits.UpTo(split), bits.From(split), file_.FileVersion(), own)};
 }
 

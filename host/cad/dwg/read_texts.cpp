@@ -8,7 +8,7 @@ namespace {
 
 cad::Point PlaceOf(const TextRecord& record) {
   const auto at = [&](const Place& flat) { return cad::Point(flat.x, flat.y, record.elevation); };
-  return cad_reader::TextNumbers{at(record.at), true,          at(record.alignment),
+  return cad_reader::TextNumbers{at(record.at),       true,          at(record.alignment),
                                  record.hasAlignment, record.across, record.up}
       .Place();
 }
@@ -35,10 +35,10 @@ void DrawingReader::TakeMultiText(OpenRecord& open) {
 void DrawingReader::TakeDefinition(OpenRecord& open) {
   const AttributeRecord record = TakeRecord<AttributeDefinitionRecord>(open).attribute;
   const TextRecord& text = record.text;
-  sink_.PutDefinition({text_.Name(record.tag), PlaceOf(text), text.height},
-                      {PlaceOf(text), text.height, cad_reader::Degrees(text.rotation),
-                       text_.Line(text.text)},
-                      record.flags, cad_reader::Plane(text.direction));
+  sink_.PutDefinition(
+      {text_.Name(record.tag), PlaceOf(text), text.height},
+      {PlaceOf(text), text.height, cad_reader::Degrees(text.rotation), text_.Line(text.text)},
+      record.flags, cad_reader::Plane(text.direction));
 }
 
 void DrawingReader::TakeInsert(OpenRecord& open) {

@@ -218,17 +218,17 @@ void Data(S& s, ViewportRecord& it) {
   s.Double(it.height);
   s.Double(it.width);
   s.RawFlat(it.center);
-  s.Points({{}, kUp});             // what is looked at, and from where
-  s.Doubles({0, 50, 0, 0});        // turn, lens, front, back
+  s.Points({{}, kUp});       // what is looked at, and from where
+  s.Doubles({0, 50, 0, 0});  // turn, lens, front, back
   s.Flags({false, false, false, true});
   if (s.Is2000()) s.Bytes({0});
-  s.RawDoubles({0, 0, 1, 1});      // its place on the screen
+  s.RawDoubles({0, 0, 1, 1});  // its place on the screen
   s.Flags({false});
-  s.Shorts({1000});                // chords of a circle
-  s.Flags({true, true, true});     // fast zooms, sign of the axes
-  s.Flags({false});                // grid
+  s.Shorts({1000});             // chords of a circle
+  s.Flags({true, true, true});  // fast zooms, sign of the axes
+  s.Flags({false});             // grid
   s.RawDoubles({1, 1});
-  s.Flags({false, false});         // snap
+  s.Flags({false, false});  // snap
   s.Shorts({0});
   s.Doubles({0});
   s.RawDoubles({0, 0, 1, 1});

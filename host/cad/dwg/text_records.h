@@ -11,8 +11,8 @@ namespace dwg {
 
 struct TextRecord {
   double elevation = 0;
-  Place at;            ///< where it begins; flat
-  Place alignment;     ///< what it is aligned with; flat
+  Place at;         ///< where it begins; flat
+  Place alignment;  ///< what it is aligned with; flat
   bool hasAlignment = false;
   Place direction = kUp;
   double thickness = 0;
@@ -104,9 +104,6 @@ struct AttributeRecord {
   std::string tag;
   std::uint8_t flags = 0;
 };
-
-
-
 
 template <class S>
 void Data(S& s, AttributeRecord& it) {

@@ -9,7 +9,7 @@ namespace {
 
 using cad_writer::TextForm;
 
-constexpr std::size_t kLongestText = 0x7FFF;     // bytes that all readers take
+constexpr std::size_t kLongestText = 0x7FFF;      // bytes that all readers take
 constexpr std::size_t kMostBytesOfCharacter = 8;  // of one byte of UTF-8
 constexpr Handle kRecordsOfBlock = 3;
 

@@ -114,8 +114,7 @@ class TableWriter {
     const std::string standard = Name("Standard", "STANDARD");
     Entry(dwg::kStyle, fixed::kStyle, kStyles, StyleRecord{standard, "txt"});
     Entry(dwg::kProgram, fixed::kProgram, kPrograms, ProgramRecord{"ACAD"});
-    Entry(kDimensionStyle, kDimension, kDimensions,
-          DimensionStyleRecord{standard, fixed::kStyle});
+    Entry(kDimensionStyle, kDimension, kDimensions, DimensionStyleRecord{standard, fixed::kStyle});
   }
 
   void WriteLineTypes() {
@@ -164,18 +163,16 @@ class DrawingWriter {
     const char* name;
     const char* inCapitals;
   };
-  static constexpr SpaceHandles kModel{
-      {fixed::kModelSpace, fixed::kModelBegin, fixed::kModelEnd},
-      fixed::kModelLayout,
-      Space::kModel,
-      "*Model_Space",
-      "*MODEL_SPACE"};
-  static constexpr SpaceHandles kPaper{
-      {fixed::kPaperSpace, fixed::kPaperBegin, fixed::kPaperEnd},
-      fixed::kPaperLayout,
-      Space::kPaper,
-      "*Paper_Space",
-      "*PAPER_SPACE"};
+  static constexpr SpaceHandles kModel{{fixed::kModelSpace, fixed::kModelBegin, fixed::kModelEnd},
+                                       fixed::kModelLayout,
+                                       Space::kModel,
+                                       "*Model_Space",
+                                       "*MODEL_SPACE"};
+  static constexpr SpaceHandles kPaper{{fixed::kPaperSpace, fixed::kPaperBegin, fixed::kPaperEnd},
+                                       fixed::kPaperLayout,
+                                       Space::kPaper,
+                                       "*Paper_Space",
+                                       "*PAPER_SPACE"};
 
   void WriteSpace(const SpaceHandles& space, const EntityChain& chain) {
     const bool is2000 = plan_.FileVersion() == Version::k2000;

@@ -34,14 +34,10 @@ constexpr CodeRange kRanges[] = {
 
 std::size_t SizeOf(BinaryType type) {
   switch (type) {
-    case BinaryType::kBool:
-      return 1;
-    case BinaryType::kWhole16:
-      return 2;
-    case BinaryType::kWhole32:
-      return 4;
-    default:
-      return 8;
+    case BinaryType::kBool: return 1;
+    case BinaryType::kWhole16: return 2;
+    case BinaryType::kWhole32: return 4;
+    default: return 8;
   }
 }
 

@@ -1,9 +1,9 @@
 #include <algorithm>
 
 #include "host/cad/dxf/write_entities.h"
+#include "host/cad/dxf/write_text.h"
 #include "host/cad/writing/attributes.h"
 #include "host/cad/writing/soundness.h"
-#include "host/cad/dxf/write_text.h"
 
 namespace dxf_writer {
 namespace {

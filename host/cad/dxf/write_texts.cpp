@@ -1,6 +1,6 @@
 #include "host/cad/dxf/write_entities.h"
-#include "host/cad/writing/geometry.h"
 #include "host/cad/dxf/write_text.h"
+#include "host/cad/writing/geometry.h"
 
 namespace dxf_writer {
 namespace {

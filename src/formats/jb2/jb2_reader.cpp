@@ -85,16 +85,11 @@ void Jb2Reader::ReadLines(platform::TextReader& file) {
 void Jb2Reader::ReadPiece(std::string_view piece) {
   const std::string_view text = UpToNul(piece);
   switch (piece.front()) {
-    case kJobLetter:
-      return ReadJob(FieldCursor(text));
-    case kStationLetter:
-      return ReadStation(FieldCursor(text));
-    case kPolarLetter:
-      return ReadPolarPoint(FieldCursor(text));
-    case kReducedLetter:
-      return ReadReducedPoint(FieldCursor(text));
-    default:
-      break;
+    case kJobLetter: return ReadJob(FieldCursor(text));
+    case kStationLetter: return ReadStation(FieldCursor(text));
+    case kPolarLetter: return ReadPolarPoint(FieldCursor(text));
+    case kReducedLetter: return ReadReducedPoint(FieldCursor(text));
+    default: break;
   }
   if (continuesLine_) {
     // However many pieces a line has, it is one line.

@@ -108,17 +108,12 @@ void WriteCoordGeom(platform::OutputFile& file, const CRoad& road, const tdk::WS
   road.RetrieveLinkedPlaniElems(elements);
   for (const CPlaniElem* const element : elements) {
     switch (element->GetType()) {
-      case CPlaniElem::kStraight:
-        WriteLine(file, *element);
-        break;
-      case CPlaniElem::kArc:
-        WriteCurve(file, static_cast<const CArcPlaniElem&>(*element));
-        break;
+      case CPlaniElem::kStraight: WriteLine(file, *element); break;
+      case CPlaniElem::kArc: WriteCurve(file, static_cast<const CArcPlaniElem&>(*element)); break;
       case CPlaniElem::kClothoid:
         WriteSpiral(file, static_cast<const CClotPlaniElem&>(*element));
         break;
-      default:
-        break;
+      default: break;
     }
   }
   PrintLine(file, "\t\t\t</CoordGeom>");

@@ -7,16 +7,12 @@ namespace {
 std::string_view SolutionWord(int quality) {
   switch (quality) {
     case 2:
-    case 6:
-      return "Code";
+    case 6: return "Code";
     case 3:
-    case 7:
-      return "Float";
+    case 7: return "Float";
     case 4:
-    case 8:
-      return "Fixed";
-    default:
-      return "Unknown";
+    case 8: return "Fixed";
+    default: return "Unknown";
   }
 }
 

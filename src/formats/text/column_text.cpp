@@ -64,24 +64,14 @@ void AppendTimeOfDay(std::string& text, unsigned long milliseconds, char divider
 
 void AppendColumn(std::string& text, int kind, const CEgn& point, int field) {
   switch (field) {
-    case kName:
-      text += point.GetNome().ToUtf8();
-      break;
-    case kNorth:
-      return AppendCoordinate(text, point.GetCoordY());
-    case kEast:
-      return AppendCoordinate(text, point.GetCoordX());
-    case kElev:
-      return AppendCoordinate(text, point.GetCoordZ());
-    case kDescr:
-      text += point.GetSecScri().ToUtf8();
-      break;
-    case kDate:
-      return AppendMoment(kind, point, [&](const auto& each) { AppendDate(text, each); });
-    case kTime:
-      return AppendMoment(kind, point, [&](const auto& each) { AppendTime(text, each); });
-    default:
-      break;
+    case kName: text += point.GetNome().ToUtf8(); break;
+    case kNorth: return AppendCoordinate(text, point.GetCoordY());
+    case kEast: return AppendCoordinate(text, point.GetCoordX());
+    case kElev: return AppendCoordinate(text, point.GetCoordZ());
+    case kDescr: text += point.GetSecScri().ToUtf8(); break;
+    case kDate: return AppendMoment(kind, point, [&](const auto& each) { AppendDate(text, each); });
+    case kTime: return AppendMoment(kind, point, [&](const auto& each) { AppendTime(text, each); });
+    default: break;
   }
 }
 

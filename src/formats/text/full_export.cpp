@@ -34,18 +34,12 @@ struct Column {
  private:
   tdk::WString AngleText(double radians) const {
     switch (layout.angleFormat) {
-      case 0:
-        return StrAngSesgFromRadi(radians, decimals);
-      case 1:
-        return StrAngSesgNoSmbFromRadi(radians, decimals);
-      case 2:
-        return StringDaDouble(AngSesgVertoFromRadi(radians), 0, decimals);
-      case 3:
-        return StringDaDouble(AngSesdFromRadi(radians), 0, decimals);
-      case 4:
-        return StringDaDouble(AngCentFromRadi(radians), 0, decimals);
-      default:
-        return StringDaDouble(AngGraPriDcPFromRadi(radians), 0, decimals);
+      case 0: return StrAngSesgFromRadi(radians, decimals);
+      case 1: return StrAngSesgNoSmbFromRadi(radians, decimals);
+      case 2: return StringDaDouble(AngSesgVertoFromRadi(radians), 0, decimals);
+      case 3: return StringDaDouble(AngSesdFromRadi(radians), 0, decimals);
+      case 4: return StringDaDouble(AngCentFromRadi(radians), 0, decimals);
+      default: return StringDaDouble(AngGraPriDcPFromRadi(radians), 0, decimals);
     }
   }
 };
@@ -53,63 +47,42 @@ struct Column {
 // Part of the file, so in no other language.
 const char* QualityWord(int quality) {
   switch (quality) {
-    case -1:
-      return "Comp.";
-    case 0:
-      return "No Sol.";
-    case 1:
-      return "Autonomus";
-    case 2:
-      return "Code";
-    case 3:
-      return "Float";
-    case 4:
-      return "Fixed";
-    default:
-      return "";
+    case -1: return "Comp.";
+    case 0: return "No Sol.";
+    case 1: return "Autonomus";
+    case 2: return "Code";
+    case 3: return "Float";
+    case 4: return "Fixed";
+    default: return "";
   }
 }
 
 void AppendGpsColumn(const Column& column, int field, const CPunGps& point) {
   double ground[3];
   switch (field) {
-    case 0:
-      return column.Text(point.GetNome());
-    case 1:
-      return column.Text(point.GetCode());
-    case 2:
-      return column.Text(point.GetTerScri());
-    case 3:
-      return column.Angle(point.GetLat());
-    case 4:
-      return column.Angle(point.GetLong());
-    case 5:
-      return column.Number(point.GetElev());
+    case 0: return column.Text(point.GetNome());
+    case 1: return column.Text(point.GetCode());
+    case 2: return column.Text(point.GetTerScri());
+    case 3: return column.Angle(point.GetLat());
+    case 4: return column.Angle(point.GetLong());
+    case 5: return column.Number(point.GetElev());
     case 6:
     case 7:
     case 8:
       point.GetGeocTerrMis(ground[0], ground[1], ground[2]);
       return column.Number(ground[field - 6]);
-    case 9:
-      return column.Number(point.GetAltAnt());
+    case 9: return column.Number(point.GetAltAnt());
     case 10:
     case 11:
     case 12:
       point.GetGeocTerrWgs84(ground[0], ground[1], ground[2]);
       return column.Number(ground[field - 10]);
-    case 13:
-      column.text += QualityWord(point.GetQua());
-      return;
-    case 14:
-      return column.Number(point.GetCoordY());
-    case 15:
-      return column.Number(point.GetCoordX());
-    case 16:
-      return column.Number(point.GetCoordZ());
-    case 17:
-      return column.Number(point.GetHposRms());
-    case 18:
-      return column.Number(point.GetVposRms());
+    case 13: column.text += QualityWord(point.GetQua()); return;
+    case 14: return column.Number(point.GetCoordY());
+    case 15: return column.Number(point.GetCoordX());
+    case 16: return column.Number(point.GetCoordZ());
+    case 17: return column.Number(point.GetHposRms());
+    case 18: return column.Number(point.GetVposRms());
     case 19:
       if (HasDate(point)) column.Date(point.GetDay(), point.GetMonth(), point.GetYear(), '-');
       return;
@@ -118,8 +91,7 @@ void AppendGpsColumn(const Column& column, int field, const CPunGps& point) {
         column.Number(static_cast<double>(point.GetTod()) / kMillisecondsPerSecond);
       }
       return;
-    default:
-      return;
+    default: return;
   }
 }
 
@@ -136,61 +108,38 @@ void AppendMoment(const Column& column, int field, std::uint64_t moment) {
   const UtcTime time = FUtcMsToUtcTime(moment);
   const double seconds = time.hour * 3600 + time.minute * 60 + time.second;
   switch (field) {
-    case 15:
-      return column.Date(time.day, time.month, time.year, '-');
-    case 16:
-      return column.Date(time.day, time.month, time.year, '/');
-    case 17:
-      return AppendTwoDigitParts(column.text, {time.hour, time.minute, time.second}, '-');
-    case 18:
-      return AppendTwoDigitParts(column.text, {time.hour, time.minute, time.second}, ':');
-    default:
-      return column.Number(seconds);
+    case 15: return column.Date(time.day, time.month, time.year, '-');
+    case 16: return column.Date(time.day, time.month, time.year, '/');
+    case 17: return AppendTwoDigitParts(column.text, {time.hour, time.minute, time.second}, '-');
+    case 18: return AppendTwoDigitParts(column.text, {time.hour, time.minute, time.second}, ':');
+    default: return column.Number(seconds);
   }
 }
 
 void AppendTotalStationColumn(const Column& column, int field, const CPun& point) {
   switch (field) {
-    case 0:
-      return column.Text(point.GetNome());
-    case 1:
-      return column.Text(point.GetCode());
-    case 2:
-      return column.Text(point.GetTerScri());
-    case 3:
-      return column.Angle(AngRadiFromCent(point.GetDato2()));
-    case 4:
-      return column.Angle(AngRadiFromCent(point.GetDato1()));
-    case 5:
-      return column.Number(point.GetDato0());
-    case 6:
-      return column.Number(point.GetDiOr());
-    case 7:
-      return column.Number(point.GetDfQu());
-    case 8:
-      return column.Number(point.GetAltPri());
-    case 9:
-      return column.Number(point.GetCoordY());
-    case 10:
-      return column.Number(point.GetCoordX());
-    case 11:
-      return column.Number(point.GetCoordZ());
-    case 12:
-      return column.Number(SinglePlace(point).y);
-    case 13:
-      return column.Number(SinglePlace(point).x);
-    case 14:
-      return column.Number(SinglePlace(point).z);
+    case 0: return column.Text(point.GetNome());
+    case 1: return column.Text(point.GetCode());
+    case 2: return column.Text(point.GetTerScri());
+    case 3: return column.Angle(AngRadiFromCent(point.GetDato2()));
+    case 4: return column.Angle(AngRadiFromCent(point.GetDato1()));
+    case 5: return column.Number(point.GetDato0());
+    case 6: return column.Number(point.GetDiOr());
+    case 7: return column.Number(point.GetDfQu());
+    case 8: return column.Number(point.GetAltPri());
+    case 9: return column.Number(point.GetCoordY());
+    case 10: return column.Number(point.GetCoordX());
+    case 11: return column.Number(point.GetCoordZ());
+    case 12: return column.Number(SinglePlace(point).y);
+    case 13: return column.Number(SinglePlace(point).x);
+    case 14: return column.Number(SinglePlace(point).z);
     case 15:
     case 16:
     case 17:
     case 18:
-    case 19:
-      return AppendMoment(column, field, point.GetDateTime());
-    case 20:
-      return column.Number(point.GetPrismOffset());
-    default:
-      return;
+    case 19: return AppendMoment(column, field, point.GetDateTime());
+    case 20: return column.Number(point.GetPrismOffset());
+    default: return;
   }
 }
 

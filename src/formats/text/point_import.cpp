@@ -18,16 +18,11 @@ void PointImport::MakeGroup(const tdk::WString& path) {
 
 bool PointImport::Add(const PointLine& line) {
   switch (kind_) {
-    case kKnownPoints:
-      return AddKnown(into_.known->AddPtn(group_, true), line);
-    case kControlPoints:
-      return AddKnown(into_.totalStation->AddOri(true), line);
-    case kTotalStation:
-      return AddObserved(line);
-    case kGpsGroups:
-      return AddGps(line);
-    default:
-      return false;
+    case kKnownPoints: return AddKnown(into_.known->AddPtn(group_, true), line);
+    case kControlPoints: return AddKnown(into_.totalStation->AddOri(true), line);
+    case kTotalStation: return AddObserved(line);
+    case kGpsGroups: return AddGps(line);
+    default: return false;
   }
 }
 

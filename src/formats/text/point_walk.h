@@ -34,8 +34,7 @@ void ForEachPointOfUnit(const Libraries& from, int kind, int job, int unit, Visi
                   [&](int i) { return from.totalStation->GetPunAt(job, unit, i); });
     case kGpsGroups:
       return each(from.gps->GetPunArSize(unit), [&](int i) { return from.gps->GetPunAt(unit, i); });
-    default:
-      break;
+    default: break;
   }
 }
 
@@ -46,9 +45,7 @@ void ForEachUnit(const Libraries& from, int kind, Visit visit) {
     case kKnownPoints:
       for (int i = 0; i < from.known->GetGrpArSize(); ++i) visit(0, i);
       break;
-    case kControlPoints:
-      visit(0, 0);
-      break;
+    case kControlPoints: visit(0, 0); break;
     case kTotalStation:
       for (int job = 0; job < from.totalStation->GetJobArSize(); ++job) {
         for (int i = 0; i < from.totalStation->GetStaArSize(job); ++i) visit(job, i);
@@ -57,8 +54,7 @@ void ForEachUnit(const Libraries& from, int kind, Visit visit) {
     case kGpsGroups:
       for (int i = 0; i < from.gps->GetGrpArSize(); ++i) visit(0, i);
       break;
-    default:
-      break;
+    default: break;
   }
 }
 

@@ -89,23 +89,12 @@ class TextImport {
     if (column >= kBasicColumns) return;
     text = Trimmed(text);
     switch (settings_.fieldCode[column]) {
-      case kName:
-        point_.name = removeQuotes ? WithoutQuotes(text) : text;
-        break;
-      case kNorth:
-        point_.north = NumberOf(column, text);
-        break;
-      case kEast:
-        point_.east = NumberOf(column, text);
-        break;
-      case kElev:
-        point_.elev = NumberOf(column, text);
-        break;
-      case kDescr:
-        point_.descr = removeQuotes ? WithoutQuotes(text) : text;
-        break;
-      default:
-        break;
+      case kName: point_.name = removeQuotes ? WithoutQuotes(text) : text; break;
+      case kNorth: point_.north = NumberOf(column, text); break;
+      case kEast: point_.east = NumberOf(column, text); break;
+      case kElev: point_.elev = NumberOf(column, text); break;
+      case kDescr: point_.descr = removeQuotes ? WithoutQuotes(text) : text; break;
+      default: break;
     }
   }
 

@@ -56,8 +56,7 @@ std::vector<cad::PolylineShape> SymbolLines(Symbol symbol) {
   constexpr double kBelow = 0.29;  // an equilateral triangle about its centre
   constexpr double kAbove = 0.58;
   switch (symbol) {
-    case Symbol::kPoint:
-      break;
+    case Symbol::kPoint: break;
     case Symbol::kStation:
     case Symbol::kKnownPoint:
       return {{{{-kHalf, -kBelow, 0}, {kHalf, -kBelow, 0}, {0, kAbove, 0}}, {}, true}};
