@@ -29,15 +29,17 @@ if(KALVIO_FUZZ)
   target_compile_options(kalvio_flags INTERFACE -fsanitize=fuzzer-no-link)
 endif()
 
-# The headers of the standard library that nearly every file includes, compiled once. Off where it would hide that a
-# file forgot one of them.
-option(KALVIO_PRECOMPILE "Compile the standard library's headers once" OFF)
+# The headers that nearly every file includes, compiled once: a third of the time of a whole build. Off where it would
+# hide that a file forgot one of them, and where a changed header should not mean to compile everything anew.
+option(KALVIO_PRECOMPILE "Compile the headers that nearly every file includes once" OFF)
 set(kalvio_common_headers <algorithm> <array> <cmath> <cstdint> <filesystem> <functional> <map> <memory> <optional>
-                          <span> <string> <string_view> <unordered_map> <utility> <variant> <vector>)
+                          <span> <string> <string_view> <unordered_map> <utility> <variant> <vector>
+                          <nlohmann/json.hpp> ${PROJECT_SOURCE_DIR}/host/document/host_document.h)
 if(KALVIO_PRECOMPILE)
   file(WRITE ${CMAKE_BINARY_DIR}/common_headers.cpp "")
   foreach(visibility default hidden)
     add_library(kalvio_common_headers_${visibility} OBJECT ${CMAKE_BINARY_DIR}/common_headers.cpp)
+    target_include_directories(kalvio_common_headers_${visibility} PRIVATE ${PROJECT_SOURCE_DIR}/src ${PROJECT_SOURCE_DIR})
     target_link_libraries(kalvio_common_headers_${visibility} PRIVATE kalvio_flags)
     target_precompile_headers(kalvio_common_headers_${visibility} PRIVATE ${kalvio_common_headers})
   endforeach()

@@ -7,6 +7,7 @@
 
 namespace {
 
+using stored_jobs::ComplaintOfJson;
 using stored_jobs::ComplaintOfLoad;
 using stored_jobs::JsonOf;
 using stored_jobs::JsonOfStored;
@@ -46,33 +47,7 @@ constexpr std::string_view kMember = R"(  "cadastral": {
 )";
 
 std::string JobWith(std::string_view member) {
-  return R"({
-  "jobs": [],
-  "gpsGroups": [],
-  "knownGroups": [],
-  "controlPoints": [],
-  "current": {},
-  "terrain": [],
-  "roads": [],
-)" + std::string(member) +
-         R"(  "targets": {
-    "cmp": 0,
-    "gps": 0,
-    "pnt": 0,
-    "cts": 0,
-    "gis": 0,
-    "profile": 0
-  },
-  "settings": {}
-}
-)";
-}
-
-std::string Complaint(std::string_view json) {
-  const TemporaryFolder folder;
-  const std::string path = folder.Write("job.json", json);
-  const std::string complaint = ComplaintOfLoad(path);
-  return complaint.substr(std::min(path.size() + 2, complaint.size()));
+  return stored_jobs::JobWith(std::string(stored_jobs::kNoDesign) + std::string(member));
 }
 
 TEST(CadastralStore, ASurveyComesBackFromJsonAsItWas) {
@@ -116,22 +91,22 @@ TEST(CadastralStore, OneContourDoesNotReachTheNext) {
 }
 
 TEST(CadastralStore, RefusesWhatDoesNotBelongThere) {
-  EXPECT_EQ(Complaint(R"({"cadastral":{"year":2024}})"),
+  EXPECT_EQ(ComplaintOfJson(R"({"cadastral":{"year":2024}})"),
             "cadastral.year: expected a text, found 2024");
-  EXPECT_EQ(Complaint(R"({"cadastral":{"anno":"2024"}})"), "cadastral: unknown key \"anno\"");
-  EXPECT_EQ(Complaint(R"({"cadastral":[]})"), "cadastral: a list does not belong here");
-  EXPECT_EQ(Complaint(R"({"cadastral":5})"), "cadastral: expected an object, found 5");
-  EXPECT_EQ(Complaint(R"({"cadastral":{"parcels":"64"}})"),
+  EXPECT_EQ(ComplaintOfJson(R"({"cadastral":{"anno":"2024"}})"), "cadastral: unknown key \"anno\"");
+  EXPECT_EQ(ComplaintOfJson(R"({"cadastral":[]})"), "cadastral: a list does not belong here");
+  EXPECT_EQ(ComplaintOfJson(R"({"cadastral":5})"), "cadastral: expected an object, found 5");
+  EXPECT_EQ(ComplaintOfJson(R"({"cadastral":{"parcels":"64"}})"),
             "cadastral.parcels: expected a list, found \"64\"");
-  EXPECT_EQ(Complaint(R"({"cadastral":{"parcels":["64",65]}})"),
+  EXPECT_EQ(ComplaintOfJson(R"({"cadastral":{"parcels":["64",65]}})"),
             "cadastral.parcels[1]: expected a text, found 65");
-  EXPECT_EQ(Complaint(R"({"cadastral":{"parcels":[["64"]]}})"),
+  EXPECT_EQ(ComplaintOfJson(R"({"cadastral":{"parcels":[["64"]]}})"),
             "cadastral.parcels[0]: a list does not belong here");
-  EXPECT_EQ(Complaint(R"({"cadastral":{"traverses":["100"]}})"),
+  EXPECT_EQ(ComplaintOfJson(R"({"cadastral":{"traverses":["100"]}})"),
             "cadastral.traverses[0]: expected a list, found \"100\"");
-  EXPECT_EQ(Complaint(R"({"cadastral":{"contours":[{"points":[null]}]}})"),
+  EXPECT_EQ(ComplaintOfJson(R"({"cadastral":{"contours":[{"points":[null]}]}})"),
             "cadastral.contours[0].points[0]: expected a text, found null");
-  EXPECT_EQ(Complaint(R"({"cadastral":{"linearPrecision":1.5}})"),
+  EXPECT_EQ(ComplaintOfJson(R"({"cadastral":{"linearPrecision":1.5}})"),
             "cadastral.linearPrecision: expected a whole number from -2147483648 to 2147483647, "
             "found 1.5");
 }

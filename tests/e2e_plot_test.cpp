@@ -179,6 +179,37 @@ TEST_F(PlanPicture, NamesThatWouldCollideAreThinnedOut) {
   EXPECT_LT(names, 1000U);
 }
 
+TEST_F(PlanPicture, ADrawingIsDrawn) {
+  ASSERT_EQ(RunKalvio({"convert", "points.csv", "points.dxf", "--explode"}, where).status, 0);
+  const Outcome run = Run({"points.dxf", "plan.svg", "--size", "841x594"});
+  EXPECT_THAT(run.out, ContainsRegex("^wrote plan.svg: [0-9]+ drawn entities; "));
+  const std::string svg = Bytes("plan.svg");
+  EXPECT_THAT(svg,
+              AllOf(HasSubstr(Text("one")), HasSubstr(Text("WALL")), HasSubstr("drawn entities")));
+}
+
+TEST_F(PlanPicture, ThemesAreDrawnAndNamed) {
+  folder.Write("job.json", R"({"gis":{"themes":[{"name":"Parcels","type":"polygon","dimension":2,
+"fields":[],"features":[{"parts":[[[0,0],[0,40],[60,40],[60,0],[0,0]]],"values":[]}]}]}})");
+  const Outcome run = Run({"job.json", "plan.svg"});
+  EXPECT_EQ(run.err, "");
+  EXPECT_THAT(run.out, StartsWith("wrote plan.svg: 1 theme; "));
+  EXPECT_THAT(Bytes("plan.svg"), AllOf(HasSubstr(Text("Parcels")), HasSubstr("stroke")));
+}
+
+TEST_F(PlanPicture, OnlyPointsOfShapeFilesHaveNames) {
+  folder.Write("job.json", R"({"gis":{"themes":[{"name":"Walls","type":"line","dimension":2,
+"fields":[{"name":"NAME","type":"text","width":9,"decimals":0}],
+"features":[{"parts":[[[0,0],[40,10],[60,40]]],"values":["wall"]}]},
+{"name":"Trees","type":"point","dimension":2,
+"fields":[{"name":"NAME","type":"text","width":9,"decimals":0}],
+"features":[{"parts":[[[30,30]]],"values":["oak"]}]}]}})");
+  ASSERT_EQ(RunKalvio({"convert", "--job", "job.json", "out.shp"}, where).status, 0);
+  EXPECT_THAT(Run({"out-Walls.shp", "plan.svg"}).out, StartsWith("wrote plan.svg: 1 theme; "));
+  EXPECT_THAT(Run({"out-Trees.shp", "plan.svg"}).out, StartsWith("wrote plan.svg: 1 point, 1 theme; "));
+  EXPECT_THAT(Bytes("plan.svg"), HasSubstr(Text("oak")));
+}
+
 TEST_F(PlanPicture, NothingToDrawFailsAndLeavesAnOlderPicture) {
   folder.Write("empty.json", "{}");
   folder.Write("plan.svg", "older");
@@ -186,7 +217,8 @@ TEST_F(PlanPicture, NothingToDrawFailsAndLeavesAnOlderPicture) {
   EXPECT_EQ(run.status, 1);
   EXPECT_EQ(run.out, "");
   EXPECT_EQ(run.err,
-            "kalvio: empty.json: there is nothing to draw: no points, no terrain, no roads\n");
+            "kalvio: empty.json: there is nothing to draw: no points, no terrain, no roads, no "
+            "themes, no drawing\n");
   folder.Write("nowhere.json", R"({"knownGroups":[{"points":[{"name":"A"},{"name":"B"}]}]})");
   EXPECT_EQ(Run({"nowhere.json", "plan.svg"}).err,
             "kalvio: nowhere.json: there is nothing to draw: none of its 2 points has plane "

@@ -7,8 +7,8 @@
 
 namespace {
 
-using stored_designs::JobWith;
 using stored_designs::kDesign;
+using stored_jobs::JobWith;
 using stored_jobs::JsonOf;
 using stored_jobs::JsonOfStored;
 using stored_jobs::Read;

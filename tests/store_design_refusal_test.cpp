@@ -8,33 +8,19 @@
 
 namespace {
 
-// What a load of `json` complains of, without the path of its file, which it must begin with.
-template <class Error = JobError>
-std::string Complaint(const std::string& json) {
-  const TemporaryFolder folder;
-  const std::string path = folder.Write("job.json", json);
-  HostDocument document;
-  try {
-    LoadJob(path, document);
-  } catch (const Error& error) {
-    const std::string text = error.what();
-    EXPECT_EQ(text.substr(0, path.size() + 2), path + ": ");
-    return text.substr(path.size() + 2);
-  }
-  return "none";
-}
+using stored_jobs::ComplaintOfJson;
 
 /// Of a terrain model, or a road, with these members.
 std::string OfModel(const std::string& members) {
-  return Complaint(R"({"terrain":[{)" + members + "}]}");
+  return ComplaintOfJson(R"({"terrain":[{)" + members + "}]}");
 }
 std::string OfRoad(const std::string& members) {
-  return Complaint(R"({"roads":[{)" + members + "}]}");
+  return ComplaintOfJson(R"({"roads":[{)" + members + "}]}");
 }
 std::string OfProfile(const std::string& members) {
   return OfRoad(R"("profile":{)" + members + "}");
 }
-std::string UnknownKey(const std::string& json) { return Complaint<JobKeyError>(json); }
+std::string UnknownKey(const std::string& json) { return ComplaintOfJson<JobKeyError>(json); }
 
 TEST(StoreDesignRefusal, ATriangleOfOtherThanPositionsOfVertices) {
   const auto triangles = [](const std::string& rows) {
@@ -50,7 +36,7 @@ TEST(StoreDesignRefusal, ATriangleOfOtherThanPositionsOfVertices) {
 }
 
 TEST(StoreDesignRefusal, ATriangleOfTheSecondModelIsNamedWithItsPlace) {
-  EXPECT_EQ(Complaint(R"({"terrain":[{"vertices":[[0,0,0]]},{"triangles":[[0,0,0]]}]})"),
+  EXPECT_EQ(ComplaintOfJson(R"({"terrain":[{"vertices":[[0,0,0]]},{"triangles":[[0,0,0]]}]})"),
             "terrain[1].triangles[0]: expected three positions of vertices");
 }
 
@@ -129,9 +115,9 @@ TEST(StoreDesignRefusal, AKeyThatDoesNotBelongThere) {
 }
 
 TEST(StoreDesignRefusal, ANumberWhereAListIsWanted) {
-  EXPECT_EQ(Complaint(R"({"terrain":5})"), "terrain: expected a list, found 5");
-  EXPECT_EQ(Complaint(R"({"roads":5})"), "roads: expected a list, found 5");
-  EXPECT_EQ(Complaint(R"({"terrain":[5]})"), "terrain[0]: expected an object, found 5");
+  EXPECT_EQ(ComplaintOfJson(R"({"terrain":5})"), "terrain: expected a list, found 5");
+  EXPECT_EQ(ComplaintOfJson(R"({"roads":5})"), "roads: expected a list, found 5");
+  EXPECT_EQ(ComplaintOfJson(R"({"terrain":[5]})"), "terrain[0]: expected an object, found 5");
   EXPECT_EQ(OfModel(R"("outer":5)"), "terrain[0].outer: expected a list, found 5");
   EXPECT_EQ(OfModel(R"("outer":[5])"), "terrain[0].outer[0]: expected a list, found 5");
   EXPECT_EQ(OfModel(R"("outer":[[5]])"), "terrain[0].outer[0][0]: expected a list, found 5");
@@ -144,8 +130,8 @@ TEST(StoreDesignRefusal, ANumberWhereAListIsWanted) {
 }
 
 TEST(StoreDesignRefusal, AListOrAnObjectWhereTheOtherIsWanted) {
-  EXPECT_EQ(Complaint(R"({"terrain":{}})"), "terrain: an object does not belong here");
-  EXPECT_EQ(Complaint(R"({"roads":[[]]})"), "roads[0]: a list does not belong here");
+  EXPECT_EQ(ComplaintOfJson(R"({"terrain":{}})"), "terrain: an object does not belong here");
+  EXPECT_EQ(ComplaintOfJson(R"({"roads":[[]]})"), "roads[0]: a list does not belong here");
   EXPECT_EQ(OfModel(R"("vertices":[{}])"),
             "terrain[0].vertices[0]: an object does not belong here");
   EXPECT_EQ(OfModel(R"("outer":{})"), "terrain[0].outer: an object does not belong here");
@@ -179,7 +165,7 @@ TEST(StoreDesignRefusal, NullInARowIsAnUndefinedValue) {
 
 TEST(StoreDesignRefusal, EveryCutOfADesignIsRefused) {
   const TemporaryFolder folder;
-  const std::string json = stored_designs::JobWith(stored_designs::kDesign);
+  const std::string json = stored_jobs::JobWith(stored_designs::kDesign);
   const std::string path = folder.Write("job.json", json);
   for (std::size_t size = json.size() - 2; size-- > 0;) {
     std::filesystem::resize_file(path, size);
@@ -209,7 +195,7 @@ TEST_P(StoreDesignDamage, IsNoticed) {
   const TemporaryFolder folder;
   const std::string file = folder.File(kJobDatabaseName);
   HostDocument document;
-  stored_jobs::Read(stored_designs::JobWith(stored_designs::kDesign), document);
+  stored_jobs::Read(stored_jobs::JobWith(stored_designs::kDesign), document);
   SaveJob(folder.Path(), document);
   sqlite3* database = nullptr;
   ASSERT_EQ(sqlite3_open(file.c_str(), &database), SQLITE_OK);

@@ -81,7 +81,7 @@ TEST_F(StoreDrawingFolder, IsGoneWhenAJobWithoutItIsSavedOverIt) {
 }
 
 TEST_F(StoreDrawingFolder, IsEmptyInAJobWithTerrainAndRoadsOnly) {
-  const std::string design = stored_designs::JobWith(stored_designs::kDesign);
+  const std::string design = stored_jobs::JobWith(stored_designs::kDesign);
   SaveWithoutDrawing(design);
   EXPECT_EQ(JsonOfStored(folder.Path()), design);
   HostDocument copy;

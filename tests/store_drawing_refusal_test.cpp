@@ -5,21 +5,10 @@
 
 namespace {
 
-// What a load of a drawing with these members complains of, without the path of its file, which it
-// must begin with.
+// What a load of a drawing with these members complains of.
 template <class Error = JobError>
 std::string Complaint(const std::string& members) {
-  const TemporaryFolder folder;
-  const std::string path = folder.Write("job.json", R"({"drawing":{)" + members + "}}");
-  HostDocument document;
-  try {
-    LoadJob(path, document);
-  } catch (const Error& error) {
-    const std::string text = error.what();
-    EXPECT_EQ(text.substr(0, path.size() + 2), path + ": ");
-    return text.substr(path.size() + 2);
-  }
-  return "none";
+  return stored_jobs::ComplaintOfJson<Error>(R"({"drawing":{)" + members + "}}");
 }
 
 /// Of an entity with these members, after another one.

@@ -3,7 +3,7 @@
 
 #include <sqlite3.h>
 
-#include "support/stored_designs.h"
+#include "support/stored_jobs.h"
 #include "tests/support/shape_sets.h"
 
 namespace {
@@ -14,8 +14,8 @@ using stored_jobs::JsonOfStored;
 using stored_jobs::Read;
 
 std::string JobWith(std::string_view themes) {
-  return stored_designs::JobWith("  \"terrain\": [],\n  \"roads\": [],\n  \"gis\": {\n" +
-                                 std::string(themes) + "  },\n");
+  return stored_jobs::JobWith(std::string(stored_jobs::kNoDesign) + "  \"gis\": {\n" +
+                              std::string(themes) + "  },\n");
 }
 
 constexpr std::string_view kThemes = R"(    "themes": [

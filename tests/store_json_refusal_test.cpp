@@ -13,27 +13,12 @@
 
 namespace {
 
+using stored_jobs::ComplaintOfJson;
 using stored_jobs::ComplaintOfLoad;
 using stored_jobs::ComplaintOfSave;
 using stored_jobs::InWords;
 
-// The complaint of a document, without the path of its file, which it must begin with.
-template <class Error = JobError>
-std::string Complaint(std::string_view json) {
-  const TemporaryFolder folder;
-  const std::string path = folder.Write("job.json", json);
-  HostDocument document;
-  try {
-    LoadJob(path, document);
-  } catch (const Error& error) {
-    const std::string text = error.what();
-    EXPECT_EQ(text.substr(0, path.size() + 2), path + ": ");
-    return text.substr(path.size() + 2);
-  }
-  return "none";
-}
-
-std::string UnknownKey(std::string_view json) { return Complaint<JobKeyError>(json); }
+std::string UnknownKey(std::string_view json) { return ComplaintOfJson<JobKeyError>(json); }
 
 TEST(StoreJsonRefusal, AKeyThatDoesNotBelongThereIsNamedWithItsPlace) {
   EXPECT_EQ(UnknownKey(R"({"job":[]})"), "the document: unknown key \"job\"");
@@ -59,33 +44,36 @@ TEST(StoreJsonRefusal, AKeyThatDoesNotBelongThereIsNamedWithItsPlace) {
 }
 
 TEST(StoreJsonRefusal, AValueOfAnotherTypeIsNamedWithItsPlace) {
-  EXPECT_EQ(Complaint("[]"), "the document: a list does not belong here");
-  EXPECT_EQ(Complaint("5"), "the document: expected an object, found 5");
-  EXPECT_EQ(Complaint("null"), "the document: expected an object, found null");
-  EXPECT_EQ(Complaint(R"({"jobs":{}})"), "jobs: an object does not belong here");
-  EXPECT_EQ(Complaint(R"({"jobs":null})"), "jobs: expected a list, found null");
-  EXPECT_EQ(Complaint(R"({"jobs":[{},5]})"), "jobs[1]: expected an object, found 5");
-  EXPECT_EQ(Complaint(R"({"jobs":[[]]})"), "jobs[0]: a list does not belong here");
-  EXPECT_EQ(Complaint(R"({"jobs":[{"name":5}]})"), "jobs[0].name: expected a text, found 5");
-  EXPECT_EQ(Complaint(R"({"jobs":[{"name":null}]})"), "jobs[0].name: expected a text, found null");
-  EXPECT_EQ(Complaint(R"({"jobs":[{"name":{}}]})"), "jobs[0].name: an object does not belong here");
-  EXPECT_EQ(Complaint(R"({"jobs":[{"name":[]}]})"), "jobs[0].name: a list does not belong here");
-  EXPECT_EQ(Complaint(R"({"jobs":[{"stations":[{"points":[{"x":"1"}]}]}]})"),
+  EXPECT_EQ(ComplaintOfJson("[]"), "the document: a list does not belong here");
+  EXPECT_EQ(ComplaintOfJson("5"), "the document: expected an object, found 5");
+  EXPECT_EQ(ComplaintOfJson("null"), "the document: expected an object, found null");
+  EXPECT_EQ(ComplaintOfJson(R"({"jobs":{}})"), "jobs: an object does not belong here");
+  EXPECT_EQ(ComplaintOfJson(R"({"jobs":null})"), "jobs: expected a list, found null");
+  EXPECT_EQ(ComplaintOfJson(R"({"jobs":[{},5]})"), "jobs[1]: expected an object, found 5");
+  EXPECT_EQ(ComplaintOfJson(R"({"jobs":[[]]})"), "jobs[0]: a list does not belong here");
+  EXPECT_EQ(ComplaintOfJson(R"({"jobs":[{"name":5}]})"), "jobs[0].name: expected a text, found 5");
+  EXPECT_EQ(ComplaintOfJson(R"({"jobs":[{"name":null}]})"),
+            "jobs[0].name: expected a text, found null");
+  EXPECT_EQ(ComplaintOfJson(R"({"jobs":[{"name":{}}]})"),
+            "jobs[0].name: an object does not belong here");
+  EXPECT_EQ(ComplaintOfJson(R"({"jobs":[{"name":[]}]})"),
+            "jobs[0].name: a list does not belong here");
+  EXPECT_EQ(ComplaintOfJson(R"({"jobs":[{"stations":[{"points":[{"x":"1"}]}]}]})"),
             "jobs[0].stations[0].points[0].x: expected a number or null, found \"1\"");
-  EXPECT_EQ(Complaint(R"({"jobs":[{"stations":[{"points":[{"code3D":1}]}]}]})"),
+  EXPECT_EQ(ComplaintOfJson(R"({"jobs":[{"stations":[{"points":[{"code3D":1}]}]}]})"),
             "jobs[0].stations[0].points[0].code3D: expected true or false, found 1");
-  EXPECT_EQ(Complaint(R"({"current":[]})"), "current: a list does not belong here");
-  EXPECT_EQ(Complaint(R"({"current":5})"), "current: expected an object, found 5");
-  EXPECT_EQ(Complaint(R"({"settings":{"A":5}})"), "settings.A: expected an object, found 5");
-  EXPECT_EQ(Complaint(R"({"settings":{"A":{"B":1.5}}})"),
+  EXPECT_EQ(ComplaintOfJson(R"({"current":[]})"), "current: a list does not belong here");
+  EXPECT_EQ(ComplaintOfJson(R"({"current":5})"), "current: expected an object, found 5");
+  EXPECT_EQ(ComplaintOfJson(R"({"settings":{"A":5}})"), "settings.A: expected an object, found 5");
+  EXPECT_EQ(ComplaintOfJson(R"({"settings":{"A":{"B":1.5}}})"),
             "settings.A.B: expected a text, a whole number, true or false, found 1.5");
-  EXPECT_EQ(Complaint(R"({"settings":{"A":{"B":null}}})"),
+  EXPECT_EQ(ComplaintOfJson(R"({"settings":{"A":{"B":null}}})"),
             "settings.A.B: expected a text, a whole number, true or false, found null");
 }
 
 TEST(StoreJsonRefusal, AListOfANumberOfParts) {
   const auto geocentric = [](const std::string& list) {
-    return Complaint(R"({"gpsGroups":[{"geocentric":)" + list + "}]}");
+    return ComplaintOfJson(R"({"gpsGroups":[{"geocentric":)" + list + "}]}");
   };
   EXPECT_EQ(geocentric("[1,2,3]"), "none");
   EXPECT_EQ(geocentric("[1,2]"), "gpsGroups[0].geocentric: expected a list of 3");
@@ -96,16 +84,16 @@ TEST(StoreJsonRefusal, AListOfANumberOfParts) {
   EXPECT_EQ(geocentric("[1,[2],3]"), "gpsGroups[0].geocentric[1]: a list does not belong here");
   EXPECT_EQ(geocentric("5"), "gpsGroups[0].geocentric: expected a list of 3, found 5");
   EXPECT_EQ(geocentric("{}"), "gpsGroups[0].geocentric: an object does not belong here");
-  EXPECT_EQ(Complaint(R"({"knownGroups":[{"labels":[]}]})"), "none");
-  EXPECT_EQ(Complaint(R"({"knownGroups":[{"labels":["a"]}]})"),
+  EXPECT_EQ(ComplaintOfJson(R"({"knownGroups":[{"labels":[]}]})"), "none");
+  EXPECT_EQ(ComplaintOfJson(R"({"knownGroups":[{"labels":["a"]}]})"),
             "knownGroups[0].labels: expected a list of 4");
-  EXPECT_EQ(Complaint(R"({"knownGroups":[{"labels":null}]})"),
+  EXPECT_EQ(ComplaintOfJson(R"({"knownGroups":[{"labels":null}]})"),
             "knownGroups[0].labels: expected a list of 4, found null");
 }
 
 TEST(StoreJsonRefusal, ANumberOutsideOfItsField) {
   const auto gps = [](const std::string& member) {
-    return Complaint(R"({"gpsGroups":[{"points":[{)" + member + "}]}]}");
+    return ComplaintOfJson(R"({"gpsGroups":[{"points":[{)" + member + "}]}]}");
   };
   EXPECT_EQ(gps(R"("month":256)"),
             "gpsGroups[0].points[0].month: expected a whole number from 0 to 255, found 256");
@@ -125,26 +113,26 @@ TEST(StoreJsonRefusal, ANumberOutsideOfItsField) {
   EXPECT_EQ(gps(R"("cov":[0,0,0,0,0,1e39])"),
             "gpsGroups[0].points[0].cov[5]: expected a number of single precision, found 1e+39");
   EXPECT_EQ(gps(R"("cov":[0,0,0,0,0,1e200])"), "none");  // undefined, in any precision
-  EXPECT_EQ(
-      Complaint(R"({"jobs":[{"stations":[{"points":[{"dateTime":18446744073709551616}]}]}]})"),
-      "jobs[0].stations[0].points[0].dateTime: expected a whole number from 0 to "
-      "18446744073709551615, "
-      "found 18446744073709551616");
-  EXPECT_NE(Complaint(R"({"targets":{"cmp":2147483648}})"), "none");
-  EXPECT_NE(Complaint(R"({"settings":{"A":{"B":9223372036854775808}}})"), "none");
+  EXPECT_EQ(ComplaintOfJson(
+                R"({"jobs":[{"stations":[{"points":[{"dateTime":18446744073709551616}]}]}]})"),
+            "jobs[0].stations[0].points[0].dateTime: expected a whole number from 0 to "
+            "18446744073709551615, "
+            "found 18446744073709551616");
+  EXPECT_NE(ComplaintOfJson(R"({"targets":{"cmp":2147483648}})"), "none");
+  EXPECT_NE(ComplaintOfJson(R"({"settings":{"A":{"B":9223372036854775808}}})"), "none");
 }
 
 TEST(StoreJsonRefusal, ANumberThatNoDoubleHolds) {
-  EXPECT_EQ(Complaint(R"({"controlPoints":[{"y":-1e400}]})"),
+  EXPECT_EQ(ComplaintOfJson(R"({"controlPoints":[{"y":-1e400}]})"),
             "controlPoints[0].y: the number is too large: -1e400");
-  EXPECT_EQ(Complaint(R"({"gpsGroups":[{"geocentric":[0,1e400,0]}]})"),
+  EXPECT_EQ(ComplaintOfJson(R"({"gpsGroups":[{"geocentric":[0,1e400,0]}]})"),
             "gpsGroups[0].geocentric[1]: the number is too large: 1e400");
 }
 
 TEST(StoreJsonRefusal, WhatIsCurrentMustBeThere) {
   const auto current = [](const std::string& members) {
-    return Complaint(R"({"jobs":[{"stations":[{}]}],"gpsGroups":[{}],"current":{)" + members +
-                     "}}");
+    return ComplaintOfJson(R"({"jobs":[{"stations":[{}]}],"gpsGroups":[{}],"current":{)" + members +
+                           "}}");
   };
   EXPECT_EQ(current(R"("station":[0,0],"gpsGroup":0)"), "none");
   EXPECT_EQ(current(R"("station":[0,1])"), "current.station: there is no such station");
@@ -156,12 +144,12 @@ TEST(StoreJsonRefusal, WhatIsCurrentMustBeThere) {
 }
 
 TEST(StoreJsonRefusal, BadJsonIsNamedWithItsLine) {
-  EXPECT_EQ(Complaint("{\n\"jobs\": [\n}\n").substr(0, 16), "line 3, column 1");
-  EXPECT_EQ(Complaint("").substr(0, 6), "line 1");
-  EXPECT_EQ(Complaint("{}\n\n x").substr(0, 6), "line 3");
-  EXPECT_EQ(Complaint("{\"jobs\":[{\"name\":\"\xFF\"}]}").substr(0, 6), "line 1");
-  EXPECT_EQ(Complaint("{\"controlPoints\":[{\"x\":NaN}]}").substr(0, 6), "line 1");
-  EXPECT_EQ(Complaint(R"({"jobs":[],})").substr(0, 6), "line 1");
+  EXPECT_EQ(ComplaintOfJson("{\n\"jobs\": [\n}\n").substr(0, 16), "line 3, column 1");
+  EXPECT_EQ(ComplaintOfJson("").substr(0, 6), "line 1");
+  EXPECT_EQ(ComplaintOfJson("{}\n\n x").substr(0, 6), "line 3");
+  EXPECT_EQ(ComplaintOfJson("{\"jobs\":[{\"name\":\"\xFF\"}]}").substr(0, 6), "line 1");
+  EXPECT_EQ(ComplaintOfJson("{\"controlPoints\":[{\"x\":NaN}]}").substr(0, 6), "line 1");
+  EXPECT_EQ(ComplaintOfJson(R"({"jobs":[],})").substr(0, 6), "line 1");
 }
 
 TEST(StoreJsonRefusal, EveryCutOfAJobIsRefused) {
@@ -174,9 +162,9 @@ TEST(StoreJsonRefusal, EveryCutOfAJobIsRefused) {
 }
 
 TEST(StoreJsonRefusal, SectionsOfTheWrongForm) {
-  EXPECT_EQ(Complaint(R"({"gis":[[]]})"), "gis: a list does not belong here");
-  EXPECT_EQ(Complaint(R"({"gis":5})"), "gis: expected an object, found 5");
-  EXPECT_EQ(Complaint(R"({"cadastral":5})"), "cadastral: expected an object, found 5");
+  EXPECT_EQ(ComplaintOfJson(R"({"gis":[[]]})"), "gis: a list does not belong here");
+  EXPECT_EQ(ComplaintOfJson(R"({"gis":5})"), "gis: expected an object, found 5");
+  EXPECT_EQ(ComplaintOfJson(R"({"cadastral":5})"), "cadastral: expected an object, found 5");
 }
 
 TEST(StoreJsonRefusal, AHostThatRefusesAnAdd) {

@@ -26,7 +26,7 @@ std::string ReadWhole(const std::string& path) {
   return text;
 }
 
-std::string Place(const std::string& path, std::size_t line) {
+std::string LinePlace(const std::string& path, std::size_t line) {
   return path + ":" + console::Number(line);
 }
 
@@ -39,7 +39,7 @@ Json Parse(const std::string& path, const std::string& text) {
   try {
     return Json::parse(text);
   } catch (const Json::parse_error& error) {
-    throw BadUsage(Place(path, LineAt(text, error.byte)) + ": " +
+    throw BadUsage(LinePlace(path, LineAt(text, error.byte)) + ": " +
                    Xlate("this is no JSON").ToUtf8());
   }
 }
@@ -123,11 +123,11 @@ Answer Read(const std::string& where, const Json& answer) {
 std::deque<Answer> ReadAnswers(const std::string& path) {
   const std::string text = ReadWhole(path);
   const Json list = Parse(path, text);
-  if (!list.is_array()) Refuse(Place(path, 1), Xlate("it is no list of answers"));
+  if (!list.is_array()) Refuse(LinePlace(path, 1), Xlate("it is no list of answers"));
   const auto lines = ElementFinder(text).Lines();
   std::deque<Answer> answers;
   for (std::size_t i = 0; i < list.size(); ++i) {
-    answers.push_back(Read(Place(path, i < lines.size() ? lines[i] : 1), list[i]));
+    answers.push_back(Read(LinePlace(path, i < lines.size() ? lines[i] : 1), list[i]));
   }
   return answers;
 }

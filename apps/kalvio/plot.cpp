@@ -59,6 +59,8 @@ void TellDrawn(const std::string& output, const plot::PlanOptions& options,
   add(report.points, Xlate("{1} point"), Xlate("{1} points"));
   add(report.models, Xlate("{1} terrain model"), Xlate("{1} terrain models"));
   add(report.roads, Xlate("{1} road"), Xlate("{1} roads"));
+  add(report.themes, Xlate("{1} theme"), Xlate("{1} themes"));
+  add(report.entities, Xlate("{1} drawn entity"), Xlate("{1} drawn entities"));
   if (what.empty()) what = Xlate("nothing").ToUtf8();
   const bool hasScale = options.kind != plot::PictureKind::kPng || options.scale > 0;
   console::Out(Xlate("wrote").ToUtf8() + " " + output + ": " + what + "; " +
@@ -78,6 +80,11 @@ void TellLeftOut(const std::string& output, const plot::PlanReport& report) {
                                      Xlate("{1} point lies beyond the sheet at this scale"),
                                      Xlate("{1} points lie beyond the sheet at this scale")));
   }
+  if (report.smallTexts != 0) {
+    remarks.push_back(console::Count(report.smallTexts,
+                                     Xlate("{1} text is too small to be read at this scale"),
+                                     Xlate("{1} texts are too small to be read at this scale")));
+  }
   for (const std::string& name : report.fineModels) {
     remarks.push_back(
         Fill(
@@ -91,7 +98,9 @@ void TellLeftOut(const std::string& output, const plot::PlanReport& report) {
 [[noreturn]] void RefuseEmpty(const std::string& source, const plot::PlanReport& report) {
   const std::string reason =
       report.withoutPlace == 0
-          ? Xlate("there is nothing to draw: no points, no terrain, no roads").ToUtf8()
+          ? Xlate(
+                "there is nothing to draw: no points, no terrain, no roads, no themes, no drawing")
+                .ToUtf8()
           : console::Count(
                 report.withoutPlace,
                 Xlate("there is nothing to draw: its {1} point has no plane coordinates"),
@@ -136,7 +145,7 @@ int RunPlot(const Arguments& arguments) {
                      [&](std::uint64_t done, std::uint64_t total) { progress.Show(done, total); });
   progress.Clear();
   HostDocument& document = session.Document();
-  ReadFiles(sources, document, layout, progress);
+  ReadFiles(sources, document, layout, progress, FeaturePoints::kOfPoints);
   CompletePositions(*document.GetLibGps(), crs);
   ComputeJob(document, {});
   options.title = TitleOf(document, sources);

@@ -3,6 +3,17 @@
 #include "file_import.h"
 #include "formats.h"
 #include "job_session.h"
+#include "model/gis.h"
+#include "model/shape_files.h"
+
+namespace {
+
+bool HoldsPoints(const std::string& shapeFile) {
+  const int type = FGetEntTypeFromFileShp(tdk::WString(AbsolutePath(shapeFile)));
+  return type == static_cast<int>(gis::EntityType::kPoint);
+}
+
+}  // namespace
 
 Sources CheckedSources(const Arguments& arguments) {
   Sources sources;
@@ -19,11 +30,11 @@ Sources CheckedSources(const Arguments& arguments) {
 }
 
 void ReadFiles(const Sources& sources, HostDocument& document, const TextOptions& layout,
-               ProgressLine& progress) {
+               ProgressLine& progress, FeaturePoints points) {
   if (sources.files.empty()) return;
   const Module module;
   for (const std::string& file : sources.files) {
-    TellRemarks(file,
-                ImportFile(module, file, document, layout, progress, /*makesPoints=*/true).remarks);
+    const bool makesPoints = points == FeaturePoints::kOfAll || HoldsPoints(file);
+    TellRemarks(file, ImportFile(module, file, document, layout, progress, makesPoints).remarks);
   }
 }

@@ -21,6 +21,9 @@ struct Sources {
 /// Takes the words apart; throws Failure for a file that is not there or cannot be read.
 Sources CheckedSources(const Arguments& arguments);
 
+/// Which features of Shape files become known points as well.
+enum class FeaturePoints { kOfAll, kOfPoints };
+
 /// Reads the files into the document, and tells what the readers remark.
 void ReadFiles(const Sources& sources, HostDocument& document, const TextOptions& layout,
-               ProgressLine& progress);
+               ProgressLine& progress, FeaturePoints points = FeaturePoints::kOfAll);

@@ -2,10 +2,6 @@
 
 namespace {
 
-bool HasPlane(const CEgn& point) {
-  return IsDefined(point.GetCoordX()) && IsDefined(point.GetCoordY());
-}
-
 bool SetPlane(const CConvCoord& conversion, const Geographic& place, CEgn& point) {
   double north = 0;
   double east = 0;
@@ -19,7 +15,7 @@ bool SetPlane(const CConvCoord& conversion, const Geographic& place, CEgn& point
 }
 
 bool PlaceOfPlane(const CConvCoord& conversion, const CEgn& point, Geographic& place) {
-  return HasPlane(point) && IsDefined(point.GetCoordZ()) &&
+  return point.HasPlane() && IsDefined(point.GetCoordZ()) &&
          conversion.PlanAttToGrafGps(point.GetCoordY(), point.GetCoordX(), point.GetCoordZ(), 0,
                                      place.lat, place.lon, place.height);
 }
@@ -29,7 +25,7 @@ template <class Store>
 void Complete(const CConvCoord& conversion, Geographic place, CEgn& point, Store store,
               CompletedPositions& completed) {
   if (place.IsComplete()) {
-    if (!HasPlane(point) && SetPlane(conversion, place, point)) ++completed.plane;
+    if (!point.HasPlane() && SetPlane(conversion, place, point)) ++completed.plane;
   } else if (PlaceOfPlane(conversion, point, place)) {
     store(place);
     ++completed.geographic;
@@ -92,7 +88,7 @@ std::vector<GroupPositions> PlanePositions(const CLibGps& library) {
     positions.group = i;
     for (int k = 0; k < library.GetPunArSize(i); ++k) {
       const CPunGps& point = *library.GetPunAt(i, k);
-      if (HasPlane(point)) {
+      if (point.HasPlane()) {
         ++positions.withPlane;
       } else {
         positions.missing.push_back({k, WhyNoPlane(*library.GetGrpAt(i), point)});

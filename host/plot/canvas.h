@@ -3,6 +3,7 @@
 
 #include <cairo/cairo.h>
 
+#include <cstdint>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -17,6 +18,12 @@ struct Colour {
   double green = 0;
   double blue = 0;
 };
+
+/// `rgb`: 0xRRGGBB
+inline Colour ColourOf(std::uint32_t rgb) {
+  const auto part = [rgb](int shift) { return ((rgb >> shift) & 0xFF) / 255.0; };
+  return {part(16), part(8), part(0)};
+}
 
 struct TextStyle {
   double size = 2;  ///< millimetres

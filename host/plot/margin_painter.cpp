@@ -143,6 +143,21 @@ void AddTerrain(const Scene& scene, Canvas& canvas, std::vector<LegendEntry>& en
   }
 }
 
+void AddThemes(const Scene& scene, Canvas& canvas, std::vector<LegendEntry>& entries) {
+  for (const WorkOnSheet& theme : scene.themes) {
+    if (theme.IsEmpty() || theme.name.empty()) continue;
+    const Colour colour = ColourOf(theme.colour);
+    if (!theme.arePoints) {
+      AddLine(entries, canvas, theme.name, {line_style::kTheme, colour});
+      continue;
+    }
+    entries.push_back(
+        {theme.name, [&canvas, colour](const Place& p) {
+           canvas.Fill(std::vector<Box>{{p.x - 0.4, p.y - 0.4, p.x + 0.4, p.y + 0.4}}, colour);
+         }});
+  }
+}
+
 std::vector<LegendEntry> LegendOf(const Scene& scene, Canvas& canvas) {
   std::vector<LegendEntry> entries;
   for (int i = 0; i < kMarkKinds; ++i) {
@@ -160,6 +175,7 @@ std::vector<LegendEntry> LegendOf(const Scene& scene, Canvas& canvas) {
                   [](const RoadOnSheet& road) { return !road.axis.empty(); })) {
     AddLine(entries, canvas, Xlate("road axis").ToUtf8(), line_style::kAxis);
   }
+  AddThemes(scene, canvas, entries);
   return entries;
 }
 

@@ -48,11 +48,15 @@ struct PlanReport {
   std::uint64_t beyondSheet = 0;   ///< points that the sheet does not reach at the scale asked for
   std::uint64_t models = 0;
   std::uint64_t roads = 0;
+  std::uint64_t themes = 0;
+  std::uint64_t entities = 0;    ///< of the drawing, on layers that are shown
+  std::uint64_t smallTexts = 0;  ///< texts of the drawing whose letters could not be read: left out
   /// Terrain models whose triangles would be too small to be seen: without them in the picture.
   std::vector<std::string> fineModels;
 };
 
-/// Draws plans: points with their names, terrain models, roads, a grid, a scale bar.
+/// Draws plans: points with their names, terrain models, roads, themes, the drawing, a grid, a
+/// scale bar.
 class IPlotter {
  public:
   virtual ~IPlotter();

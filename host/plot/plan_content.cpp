@@ -47,8 +47,7 @@ void AddMeasured(const CLibCmp& library, Collector& collector) {
 void AddBases(const CLibGps& library, Collector& collector) {
   for (int group = 0; group < library.GetGrpArSize(); ++group) {
     const CGrpGps& base = *library.GetGrpAt(group);
-    const bool hasPlace = IsDefined(base.GetCoordX()) && IsDefined(base.GetCoordY());
-    if (hasPlace || !base.NameUtf8().empty()) collector.Add(base, MarkKind::kGpsBase);
+    if (base.HasPlane() || !base.NameUtf8().empty()) collector.Add(base, MarkKind::kGpsBase);
   }
 }
 
@@ -98,6 +97,8 @@ void AddDesign(HostDocument& document, bool terrain, PlanContent& content) {
   }
 }
 
+bool HasNoPlace(const LineWork& work) { return work.legs.empty() && work.texts.empty(); }
+
 }  // namespace
 
 PlanContent ContentOf(HostDocument& document, bool terrain) {
@@ -115,7 +116,21 @@ PlanContent ContentOf(HostDocument& document, bool terrain) {
   if (areMany) AddKnown(*document.GetLibPnt(), MarkKind::kManyKnown, collector);
   AddMeasured(surveys, collector);
   AddDesign(document, terrain, content);
+  content.themes = ThemesOf(*document.GetLibGis());
+  content.drawings = DrawingsOf(*document.GetCadEngine());
   return content;
+}
+
+bool PlanContent::IsEmpty() const {
+  return marks.empty() && models.empty() && roads.empty() &&
+         std::all_of(themes.begin(), themes.end(), HasNoPlace) &&
+         std::all_of(drawings.begin(), drawings.end(), HasNoPlace);
+}
+
+std::uint64_t EntityCount(const PlanContent& content) {
+  std::uint64_t count = 0;
+  for (const LineWork& drawing : content.drawings) count += drawing.count;
+  return count;
 }
 
 Box ExtentOf(const PlanContent& content) {
@@ -135,6 +150,8 @@ Box ExtentOf(const PlanContent& content) {
       for (const Place& place : line) extent.Add(place);
     }
   }
+  for (const LineWork& theme : content.themes) extent.AddBox(ExtentOf(theme));
+  for (const LineWork& drawing : content.drawings) extent.AddBox(ExtentOf(drawing));
   return extent;
 }
 

@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "host/document/host_document.h"
-#include "host/plot/plan_extent.h"
+#include "host/plot/line_work.h"
 
 namespace plot {
 
@@ -36,14 +36,20 @@ struct PlanContent {
   std::vector<Mark> marks;  ///< by kind, each in the order of its library
   std::vector<const CDtmPrj*> models;
   std::vector<const CRoad*> roads;
+  std::vector<LineWork> themes;
+  std::vector<LineWork> drawings;  ///< layers of the drawing, hidden ones too
   std::uint64_t withoutPlace = 0;  ///< points without plane coordinates
 
-  bool IsEmpty() const { return marks.empty() && models.empty() && roads.empty(); }
+  /// Whether there is nothing that has a place.
+  bool IsEmpty() const;
 };
 
 /// Everything that has a place; models only with `terrain`, roads only when the host does not call
 /// them empty. What it points to is the document's.
 PlanContent ContentOf(HostDocument& document, bool terrain);
+
+/// The entities of all layers.
+std::uint64_t EntityCount(const PlanContent& content);
 
 /// How far it reaches, metres.
 Box ExtentOf(const PlanContent& content);

@@ -12,6 +12,13 @@ void Box::Add(const Place& place) {
   high = std::max(high, place.y);
 }
 
+void Box::AddBox(const Box& box) {
+  left = std::min(left, box.left);
+  right = std::max(right, box.right);
+  low = std::min(low, box.low);
+  high = std::max(high, box.high);
+}
+
 bool ClipLeg(const Box& box, Place& a, Place& b) {
   const double dx = b.x - a.x;
   const double dy = b.y - a.y;

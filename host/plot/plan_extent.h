@@ -39,6 +39,7 @@ struct Box {
     return place.x >= left && place.x <= right && place.y >= low && place.y <= high;
   }
   void Add(const Place& place);
+  void AddBox(const Box& box);
   /// Larger by so much on every side.
   Box Grown(double by) const { return {left - by, low - by, right + by, high + by}; }
 };

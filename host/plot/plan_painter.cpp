@@ -17,7 +17,7 @@ constexpr double kCrossWidth = 0.15;
 constexpr double kGridArm = 1.5;
 constexpr double kVeil = 0.75;  // behind labels
 
-Colour ColourOf(MarkKind kind) {
+Colour ColourOfKind(MarkKind kind) {
   switch (kind) {
     case MarkKind::kStation: return kStationBlue;
     case MarkKind::kKnown:
@@ -77,6 +77,16 @@ void PaintTerrain(const TerrainLines& terrain, Canvas& canvas) {
   canvas.Stroke(terrain.outline, kOutline.width, kOutline.colour);
 }
 
+void PaintWork(const WorkOnSheet& work, double width, Canvas& canvas) {
+  for (const auto& [colour, legs] : work.legs) canvas.Stroke(legs, width, ColourOf(colour));
+  for (const auto& [colour, dots] : work.dots) canvas.Fill(dots, ColourOf(colour));
+  for (const TextOnSheet& text : work.texts) {
+    TextStyle style{text.size, false, ColourOf(text.colour)};
+    style.angle = text.angle;
+    canvas.Text(text.start, text.text, style);
+  }
+}
+
 void PaintRoad(const RoadOnSheet& road, Canvas& canvas) {
   canvas.Stroke(road.axis, line_style::kAxis.width, line_style::kAxis.colour);
   std::vector<LineLeg> ticks;
@@ -99,7 +109,7 @@ void PaintDots(const MarkSymbols& symbols, Canvas& canvas) {
   constexpr double kLighter = 0.35;
   for (std::size_t kind = symbols.dots.size(); kind-- > 0;) {
     if (symbols.dots[kind].empty()) continue;
-    canvas.Fill(symbols.dots[kind], Lighter(ColourOf(static_cast<MarkKind>(kind)), kLighter));
+    canvas.Fill(symbols.dots[kind], Lighter(ColourOfKind(static_cast<MarkKind>(kind)), kLighter));
   }
 }
 
@@ -113,7 +123,7 @@ void PaintSymbols(const MarkSymbols& symbols, Canvas& canvas) {
     crosses.push_back({{p.x - half, p.y}, {p.x + half, p.y}});
     crosses.push_back({{p.x, p.y - half}, {p.x, p.y + half}});
   }
-  canvas.Stroke(crosses, kCrossWidth, ColourOf(MarkKind::kMeasured));
+  canvas.Stroke(crosses, kCrossWidth, ColourOfKind(MarkKind::kMeasured));
   for (auto symbol = symbols.symbols.rbegin(); symbol != symbols.symbols.rend(); ++symbol) {
     if (!symbol->IsWhole() || symbol->mark->kind == MarkKind::kMeasured) continue;
     PaintSymbol(canvas, symbol->mark->kind, symbol->place);
@@ -158,7 +168,7 @@ TextStyle StyleOf(TextKind kind) {
 
 void PaintSymbol(Canvas& canvas, MarkKind kind, const Place& place) {
   const double half = HalfSymbol(kind);
-  const Colour colour = ColourOf(kind);
+  const Colour colour = ColourOfKind(kind);
   switch (kind) {
     case MarkKind::kStation:
       canvas.Fill(Triangle(place, half), kWhite);
@@ -179,7 +189,9 @@ void PaintSymbol(Canvas& canvas, MarkKind kind, const Place& place) {
 
 void PaintPlan(const Scene& scene, Canvas& canvas) {
   PaintDots(scene.symbols, canvas);
+  for (const WorkOnSheet& theme : scene.themes) PaintWork(theme, line_style::kTheme, canvas);
   for (const TerrainLines& terrain : scene.terrain) PaintTerrain(terrain, canvas);
+  for (const WorkOnSheet& layer : scene.drawings) PaintWork(layer, line_style::kDrawing, canvas);
   PaintGrid(scene, canvas);
   for (const RoadOnSheet& road : scene.roads) PaintRoad(road, canvas);
   PaintSymbols(scene.symbols, canvas);

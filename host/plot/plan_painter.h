@@ -26,6 +26,8 @@ inline constexpr LineStyle kBreakline = {0.22, {0.47, 0.27, 0.10}};
 inline constexpr LineStyle kOutline = {0.3, {0.45, 0.45, 0.45}};
 inline constexpr LineStyle kAxis = {0.35, {0.82, 0.08, 0.10}};
 inline constexpr LineStyle kTick = {0.18, {0.82, 0.08, 0.10}};
+inline constexpr double kTheme = 0.25;  // widths
+inline constexpr double kDrawing = 0.18;
 inline constexpr LineStyle kGridCross = {0.1, {0.62, 0.66, 0.70}};
 }  // namespace line_style
 

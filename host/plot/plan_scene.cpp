@@ -54,12 +54,24 @@ void OccupyRoads(const std::vector<RoadOnSheet>& roads, LabelGrid& grid) {
   }
 }
 
+// Their width is a guess: what is drawn by others need not be avoided to the letter.
+void OccupyTexts(const std::vector<TextOnSheet>& texts, LabelGrid& grid) {
+  constexpr double kLetterWidth = 0.55;  // of the size
+  for (const TextOnSheet& text : texts) {
+    const double half = kLetterWidth * text.size * static_cast<double>(text.text.size()) / 2;
+    const double x = half * std::cos(text.angle);
+    const double y = half * std::sin(text.angle);
+    grid.Occupy({{text.start.x + x, text.start.y + y}, 2 * half, text.size, text.angle});
+  }
+}
+
 // What is more important first: the later ones take what place is left.
 void AddLabels(const PlanOptions& options, const ChainageSteps& steps, const TextWidth& width,
                Scene& scene) {
   LabelGrid grid(scene.sheet.frame);
   OccupySymbols(scene.symbols, grid);
   OccupyRoads(scene.roads, grid);
+  for (const WorkOnSheet& drawing : scene.drawings) OccupyTexts(drawing.texts, grid);
   LabelPlacer placer(grid, width);
   const std::vector<Symbol>& symbols = scene.symbols.symbols;
   placer.AddMarks(symbols, MarkKind::kStation, MarkKind::kGpsBase, options.names, false);
@@ -82,6 +94,10 @@ Scene SceneOf(const PlanContent& content, const PlanOptions& options, const Text
   const ChainageSteps steps = ChainageStepsOf(scene.sheet);
   for (const CRoad* const road : content.roads) {
     scene.roads.push_back(OnSheet(*road, scene.sheet, steps));
+  }
+  for (const LineWork& theme : content.themes) scene.themes.push_back(OnSheet(theme, scene.sheet));
+  for (const LineWork& drawing : content.drawings) {
+    scene.drawings.push_back(OnSheet(drawing, scene.sheet));
   }
   scene.symbols = SymbolsOf(content.marks, scene.sheet);
   AddLabels(options, steps, width, scene);

@@ -7,6 +7,7 @@
 #include "host/plot/mark_symbols.h"
 #include "host/plot/plan_labels.h"
 #include "host/plot/terrain_lines.h"
+#include "host/plot/work_on_sheet.h"
 
 namespace plot {
 
@@ -16,6 +17,8 @@ struct Scene {
   double contourInterval = 0;  ///< metres; 0: no contours
   std::vector<TerrainLines> terrain;
   std::vector<RoadOnSheet> roads;
+  std::vector<WorkOnSheet> themes;
+  std::vector<WorkOnSheet> drawings;
   MarkSymbols symbols;
   std::vector<Label> labels;
 };

@@ -28,7 +28,7 @@ std::string CountsInWords(const PlanContent& content) {
   std::array<std::uint64_t, kMarkKinds> marks{};
   for (const Mark& mark : content.marks) ++marks[static_cast<std::size_t>(mark.kind)];
   const auto of = [&](MarkKind kind) { return marks[static_cast<std::size_t>(kind)]; };
-  const std::array<Counted, 7> all = {
+  const std::array<Counted, 9> all = {
       {{of(MarkKind::kStation), ToXlate("{1} station"), ToXlate("{1} stations")},
        {of(MarkKind::kMeasured), ToXlate("{1} point"), ToXlate("{1} points")},
        {of(MarkKind::kGps) + of(MarkKind::kGpsBase), ToXlate("{1} GPS point"),
@@ -37,7 +37,9 @@ std::string CountsInWords(const PlanContent& content) {
         ToXlate("{1} known points")},
        {of(MarkKind::kControl), ToXlate("{1} control point"), ToXlate("{1} control points")},
        {content.models.size(), ToXlate("{1} terrain model"), ToXlate("{1} terrain models")},
-       {content.roads.size(), ToXlate("{1} road"), ToXlate("{1} roads")}}};
+       {content.roads.size(), ToXlate("{1} road"), ToXlate("{1} roads")},
+       {content.themes.size(), ToXlate("{1} theme"), ToXlate("{1} themes")},
+       {EntityCount(content), ToXlate("{1} drawn entity"), ToXlate("{1} drawn entities")}}};
   std::string text;
   for (const Counted& counted : all) {
     if (counted.count == 0) continue;

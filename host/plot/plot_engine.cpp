@@ -65,6 +65,9 @@ PlanReport ReportOf(const PlanContent& content, const Scene& scene, const PlanOp
   report.points = content.marks.size() - report.beyondSheet;
   report.models = content.models.size();
   report.roads = content.roads.size();
+  report.themes = content.themes.size();
+  report.entities = EntityCount(content);
+  for (const WorkOnSheet& drawing : scene.drawings) report.smallTexts += drawing.smallTexts;
   for (std::size_t i = 0; i < scene.terrain.size(); ++i) {
     if (scene.terrain[i].isTooFine) {
       report.fineModels.push_back(content.models[i]->GetName().ToUtf8());
@@ -77,7 +80,8 @@ class Engine : public IPlotter {
  public:
   PlanReport Draw(HostDocument& document, const PlanOptions& options,
                   const std::string& path) override {
-    const PlanContent content = ContentOf(document, options.terrain);
+    PlanContent content = ContentOf(document, options.terrain);
+    std::erase_if(content.drawings, [](const LineWork& layer) { return !layer.isVisible; });
     PlanReport report;
     report.withoutPlace = content.withoutPlace;
     if (content.IsEmpty()) return report;

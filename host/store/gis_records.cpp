@@ -42,7 +42,7 @@ auto TypeIn(const Table& table, std::string_view name) {
   return type;
 }
 
-std::string Place(const char* list, std::size_t i, const char* more = "") {
+std::string JsonPlace(const char* list, std::size_t i, const char* more = "") {
   std::string place = std::string(list) + "[";
   platform::AppendWhole(place, static_cast<std::int64_t>(i));
   return place + "]" + more;
@@ -192,7 +192,7 @@ std::optional<ThemeTrouble> ThemeBuilder::AddFields(gis::CTable& table) const {
   for (std::size_t i = 0; i < fields.size(); ++i) {
     const auto type = FieldTypeNamed(fields[i].type);
     if (!type) {
-      return ThemeTrouble{Place("fields", i, ".type"),
+      return ThemeTrouble{JsonPlace("fields", i, ".type"),
                           "expected \"text\", \"integer\", \"real\", \"date\" or \"bool\""};
     }
     table.AddField({tdk::WString(fields[i].name), *type, fields[i].width, fields[i].decimals});
@@ -208,7 +208,7 @@ std::optional<ThemeTrouble> ThemeBuilder::AddRows(gis::CTable& table) const {
   for (std::size_t f = 0; f < features_.size(); ++f) {
     row.assign(fieldCount, gis::Value());
     for (std::size_t i = 0; i < features_[f].values; ++i, ++next) {
-      const auto place = [&] { return Place("features", f, Place(".values", i).c_str()); };
+      const auto place = [&] { return JsonPlace("features", f, JsonPlace(".values", i).c_str()); };
       if (i >= fieldCount) return ThemeTrouble{place(), "there are fewer fields"};
       const JsonValue json = std::visit(
           [](const auto& plain) -> JsonValue {

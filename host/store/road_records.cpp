@@ -25,7 +25,7 @@ constexpr std::array<ElementKind, 4> kKinds = {
 
 PlaceRecord Parts(const PNT_2D& place) { return {place.getX(), place.getY()}; }
 PlaceRecord Parts(const VECTOR_2D& vector) { return {vector.getX(), vector.getY()}; }
-PNT_2D Place(const PlaceRecord& parts) { return {parts[0], parts[1]}; }
+PNT_2D PlaceOf(const PlaceRecord& parts) { return {parts[0], parts[1]}; }
 
 void ReadStraight(const CPlaniElem& element, ElementRecord& record) {
   PNT_2D end;
@@ -88,10 +88,10 @@ ElementRecord RecordOf(const CPlaniElem& element) {
 }
 
 std::unique_ptr<CPlaniElem> MakeElement(const ElementRecord& record) {
-  const PNT_2D start = Place(record.start);
+  const PNT_2D start = PlaceOf(record.start);
   const VECTOR_2D tangent(record.tangent[0], record.tangent[1]);
   if (record.type == kLine) {
-    return std::make_unique<CLinePlaniElem>(record.prog, start, Place(record.end));
+    return std::make_unique<CLinePlaniElem>(record.prog, start, PlaceOf(record.end));
   }
   if (record.type == kArc) {
     return std::make_unique<CArcPlaniElem>(record.prog, start, tangent, record.radius, record.angle,
@@ -102,7 +102,7 @@ std::unique_ptr<CPlaniElem> MakeElement(const ElementRecord& record) {
                                             record.entrance, record.ccw);
   }
   if (record.type == kOther) {
-    return std::make_unique<COtherPlaniElem>(record.prog, start, Place(record.end));
+    return std::make_unique<COtherPlaniElem>(record.prog, start, PlaceOf(record.end));
   }
   return nullptr;
 }

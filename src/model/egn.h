@@ -36,6 +36,8 @@ class CEgn {
   double GetCoordX() const { return x_; }
   double GetCoordY() const { return y_; }
   double GetCoordZ() const { return z_; }
+  /// Whether it has a place in the plane.
+  bool HasPlane() const { return IsDefined(x_) && IsDefined(y_); }
   void SetCoord(double x, double y, double z) { DoSetCoord(x, y, z); }
   void SetNomCoord(const tdk::WString& name, const tdk::WString& code, double x, double y,
                    double z);

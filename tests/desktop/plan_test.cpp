@@ -150,12 +150,12 @@ TEST(PlanModel, EntitiesOfABlockLieWhereItIsInserted) {
   insert.scale = {3, 3, 1};
   insert.rotation = 90;
   engine.Add({.shape = insert});
-  const auto parts = plan::PartsOf(engine);
-  ASSERT_EQ(parts[1].legs.size(), 1u);
-  EXPECT_NEAR(parts[1].legs[0].from.x, 10, 1e-9);
-  EXPECT_NEAR(parts[1].legs[0].from.y, 20, 1e-9);
-  EXPECT_NEAR(parts[1].legs[0].to.x, 10, 1e-9);
-  EXPECT_NEAR(parts[1].legs[0].to.y, 23, 1e-9);
+  const auto parts = plot::DrawingsOf(engine);
+  ASSERT_EQ(parts[0].legs.size(), 1u);
+  EXPECT_NEAR(parts[0].legs[0].from.x, 10, 1e-9);
+  EXPECT_NEAR(parts[0].legs[0].from.y, 20, 1e-9);
+  EXPECT_NEAR(parts[0].legs[0].to.x, 10, 1e-9);
+  EXPECT_NEAR(parts[0].legs[0].to.y, 23, 1e-9);
 }
 
 TEST(PlanModel, BlocksThatInsertThemselvesEnd) {
@@ -169,7 +169,7 @@ TEST(PlanModel, BlocksThatInsertThemselvesEnd) {
   engine.BlockAt(block).entities.push_back({.shape = itself});
   engine.BlockAt(block).entities.push_back({.shape = cad::PointShape{{1, 1, 0}}});
   engine.Add({.shape = itself});
-  EXPECT_FALSE(plan::PartsOf(engine)[1].legs.empty());
+  EXPECT_FALSE(plot::DrawingsOf(engine).front().legs.empty());
 }
 
 TEST(PlanModel, HalfACircleOfABulgeBowsToTheRight) {
@@ -177,8 +177,8 @@ TEST(PlanModel, HalfACircleOfABulgeBowsToTheRight) {
   CTcadEng& engine = *document.GetCadEngine();
   engine.Add({.shape = cad::PolylineShape{{{0, 0, 0}, {10, 0, 0}}, {1}, false}});
   plot::Box box;
-  const auto parts = plan::PartsOf(engine);
-  for (const plan::Leg& leg : parts[1].legs) box.Add(leg.from);
+  const auto parts = plot::DrawingsOf(engine);
+  for (const plot::Leg& leg : parts[0].legs) box.Add(leg.from);
   EXPECT_NEAR(box.low, -5, 1e-6);
   EXPECT_NEAR(box.high, 0, 1e-6);
 }

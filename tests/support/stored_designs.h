@@ -8,28 +8,6 @@
 
 namespace stored_designs {
 
-/// A job with no more in it than `members`, as it is written: two blanks before each of its lines.
-inline std::string JobWith(std::string_view members) {
-  return R"({
-  "jobs": [],
-  "gpsGroups": [],
-  "knownGroups": [],
-  "controlPoints": [],
-  "current": {},
-)" + std::string(members) +
-         R"(  "targets": {
-    "cmp": 0,
-    "gps": 0,
-    "pnt": 0,
-    "cts": 0,
-    "gis": 0,
-    "profile": 0
-  },
-  "settings": {}
-}
-)";
-}
-
 /// Terrain models and roads with everything that they can hold.
 inline constexpr std::string_view kDesign = R"(  "terrain": [
     {

@@ -8,28 +8,9 @@ namespace stored_drawings {
 
 /// A job with no more in it than a drawing of these members, as it is written.
 inline std::string JobWith(std::string_view members) {
-  return R"({
-  "jobs": [],
-  "gpsGroups": [],
-  "knownGroups": [],
-  "controlPoints": [],
-  "current": {},
-  "terrain": [],
-  "roads": [],
-  "targets": {
-    "cmp": 0,
-    "gps": 0,
-    "pnt": 0,
-    "cts": 0,
-    "gis": 0,
-    "profile": 0
-  },
-  "drawing": {
-)" + std::string(members) +
-         R"(  },
-  "settings": {}
-}
-)";
+  std::string job = stored_jobs::JobWith(stored_jobs::kNoDesign);
+  return job.insert(job.find("  \"settings\""),
+                    "  \"drawing\": {\n" + std::string(members) + "  },\n");
 }
 
 /// A drawing with everything that it can hold. The first block inserts one that comes after it.

@@ -47,7 +47,24 @@ inline std::string ComplaintOfLoad(const std::string& path) {
   return {};
 }
 
-/// The same of a save.
+/// What a load of this document complains of, without the path of its file, which it must begin
+/// with; "none": nothing.
+template <class Error = JobError>
+std::string ComplaintOfJson(std::string_view json) {
+  const TemporaryFolder folder;
+  const std::string path = folder.Write("job.json", json);
+  HostDocument document;
+  try {
+    LoadJob(path, document);
+  } catch (const Error& error) {
+    const std::string text = error.what();
+    EXPECT_EQ(text.substr(0, path.size() + 2), path + ": ");
+    return text.substr(path.size() + 2);
+  }
+  return "none";
+}
+
+/// What a save complains of; empty: nothing.
 inline std::string ComplaintOfSave(const std::string& path, HostDocument& document) {
   try {
     SaveJob(path, document);
@@ -59,6 +76,33 @@ inline std::string ComplaintOfSave(const std::string& path, HostDocument& docume
 
 /// What the system says of an error, in the language of the process.
 inline std::string InWords(std::errc error) { return std::make_error_code(error).message(); }
+
+/// A job with no more in it than `members`, as it is written: two blanks before each of its lines.
+inline std::string JobWith(std::string_view members) {
+  return R"({
+  "jobs": [],
+  "gpsGroups": [],
+  "knownGroups": [],
+  "controlPoints": [],
+  "current": {},
+)" + std::string(members) +
+         R"(  "targets": {
+    "cmp": 0,
+    "gps": 0,
+    "pnt": 0,
+    "cts": 0,
+    "gis": 0,
+    "profile": 0
+  },
+  "settings": {}
+}
+)";
+}
+
+/// What a job without terrain and roads has of them.
+inline constexpr std::string_view kNoDesign = R"(  "terrain": [],
+  "roads": [],
+)";
 
 /// A job in which no key, terrain, roads and the drawing aside, has the value that it has when left
 /// out, as it is written.

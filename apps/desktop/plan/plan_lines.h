@@ -2,18 +2,11 @@
 #pragma once
 
 #include "apps/desktop/plan/cell_grid.h"
+#include "host/plot/line_work.h"
 
 namespace plan {
 
-/// From one place to another; both may be the same: a dot. Metres.
-struct Leg {
-  plot::Place from;
-  plot::Place to;
-  /// Position of what it belongs to: a triangle, a feature, an entity.
-  std::uint32_t source = 0;
-
-  plot::Place Where() const { return plot::Between(from, to, 0.5); }
-};
+using plot::Leg;
 
 /// The legs of one layer.
 class PlanLines {

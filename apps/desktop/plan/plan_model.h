@@ -5,16 +5,13 @@
 #include <string>
 #include <vector>
 
-#include "apps/desktop/plan/drawing_legs.h"
+#include "apps/desktop/plan/plan_lines.h"
 #include "host/plot/plan_content.h"
 
 namespace plan {
 
-/// 0xRRGGBB
-using Rgb = std::uint32_t;
+using plot::Rgb;
 
-/// The colour of a drawing's colour index on white paper.
-Rgb RgbOf(std::uint16_t colorIndex);
 Rgb RgbOf(plot::MarkKind kind);
 
 /// A point of the job: its place and its position among the marks.
@@ -36,8 +33,12 @@ struct PlanLayer {
   Rgb color = 0;
   double width = 1;  ///< of lines, pixels
   PlanLines lines = {};
-  std::vector<std::uint16_t> colors = {};  ///< of a drawing, by the source of its legs
-  CellGrid<PlanText> texts = {};
+  std::vector<Rgb> colors = {};  ///< of a drawing, as a plot::LineWork has them
+  CellGrid<plot::WorkText> texts = {};
+
+  Rgb ColorOf(std::uint32_t source) const {
+    return colors.empty() ? color : colors[colors.size() == 1 ? 0 : source];
+  }
 };
 
 class PlanModel {
@@ -61,8 +62,8 @@ class PlanModel {
  private:
   void AddPoints();
   void AddTexts();
-  void AddThemes(HostDocument& document);
-  void AddDrawings(HostDocument& document);
+  void AddThemes();
+  void AddDrawings();
   void AddTerrain();
   void AddRoads();
   void Add(PlanLayer layer, const std::vector<Leg>& legs);

@@ -76,7 +76,7 @@ class Painter {
           plot::Place from = leg.from;
           plot::Place to = leg.to;
           if (!plot::ClipLeg(seen, from, to)) return;
-          const Rgb color = layer.colors.empty() ? layer.color : RgbOf(layer.colors[leg.source]);
+          const Rgb color = layer.ColorOf(leg.source);
           if (leg.from == leg.to) {
             dots[color].push_back(Point(view_.ToPixels(from)));
           } else {
@@ -105,25 +105,24 @@ class Painter {
 
   void PaintTexts(const PlanLayer& layer) {
     layer.texts.VisitCells(shown_, [&](const plot::Box&, auto texts) {
-      for (const PlanText& text : texts) {
+      for (const plot::WorkText& text : texts) {
         const double height = text.height / view_.MetresPerPixel();
         if (height < kLeastLetters || height > view_.Height() || !shown_.Holds(text.at)) continue;
-        PaintText(text, height);
+        PaintText(text, height, layer.ColorOf(text.source));
       }
     });
   }
-  void PaintText(const PlanText& text, double height) {
-    constexpr double kCapitals = 0.72;  // share of a font's size that its capitals have
+  void PaintText(const plot::WorkText& text, double height, Rgb color) {
     painter_.save();
     QFont font = painter_.font();
-    font.setPixelSize(std::max(1, static_cast<int>(std::lround(height / kCapitals))));
+    font.setPixelSize(std::max(1, static_cast<int>(std::lround(height / plot::kCapitals))));
     painter_.setFont(font);
-    painter_.setPen(QColor(0x333333));
+    painter_.setPen(QColor(color));
     painter_.translate(Point(view_.ToPixels(text.at)));
     painter_.rotate(-text.rotation);
     const QStringList lines = QString::fromStdString(text.text).split('\n');
     for (qsizetype i = 0; i < lines.size(); ++i) {
-      painter_.drawText(QPointF(0, static_cast<double>(i) * height * 1.6), lines[i]);
+      painter_.drawText(QPointF(0, static_cast<double>(i) * height * plot::kLineSpacing), lines[i]);
     }
     painter_.restore();
   }
@@ -193,9 +192,7 @@ class Painter {
 
   void PaintHighlight() {
     const CEgn* const point = options_.highlighted;
-    if (point == nullptr || !IsDefined(point->GetCoordX()) || !IsDefined(point->GetCoordY())) {
-      return;
-    }
+    if (point == nullptr || !point->HasPlane()) return;
     painter_.setRenderHint(QPainter::Antialiasing);
     painter_.setBrush(Qt::NoBrush);
     painter_.setPen(QPen(QColor(0xE05A00), 2.5));

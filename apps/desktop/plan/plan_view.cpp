@@ -69,7 +69,7 @@ void PlanView::SetLayerVisible(std::size_t layer, bool visible) {
 
 void PlanView::Highlight(const CEgn* point) {
   highlighted_ = point;
-  if (point != nullptr && IsDefined(point->GetCoordX()) && IsDefined(point->GetCoordY())) {
+  if (point != nullptr && point->HasPlane()) {
     const plot::Place place{point->GetCoordX(), point->GetCoordY()};
     if (!window_.Shown().Holds(place)) {
       window_.CentreOn(place);

@@ -1,17 +1,12 @@
 #include "host/cad/reading/code_page.h"
 
-#include <iconv.h>
-
 #include <algorithm>
 #include <array>
-#include <cerrno>
 
 #include "platform/code_page.h"
 
 namespace cad_reader {
 namespace {
-
-constexpr char32_t kReplacement = 0xFFFD;
 
 struct Named {
   std::string_view inFile;  // in capitals
@@ -50,37 +45,19 @@ std::string InCapitals(std::string_view name) {
 
 }  // namespace
 
-void CodePage::Closer::operator()(void* converter) const { iconv_close(converter); }
-
 std::optional<CodePage> CodePage::Open(const std::string& name) {
   CodePage page;
   if (name == "CP1252") return page;
-  const iconv_t converter = iconv_open("UTF-8", name.c_str());
-  if (converter == reinterpret_cast<iconv_t>(-1)) return std::nullopt;
-  page.converter_.reset(converter);
+  page.set_ = platform::CharacterSet::Open(name);
+  if (!page.set_) return std::nullopt;
   return page;
 }
 
 void CodePage::AppendUtf8(std::string& utf8, std::string_view bytes) const {
-  if (converter_ == nullptr) {
+  if (set_) {
+    set_->AppendUtf8(utf8, bytes);
+  } else {
     platform::AppendUtf8FromCodePage(utf8, bytes);
-    return;
-  }
-  iconv(converter_.get(), nullptr, nullptr, nullptr, nullptr);
-  char* from = const_cast<char*>(bytes.data());  // iconv does not write there
-  std::size_t left = bytes.size();
-  while (left > 0) {
-    std::array<char, 512> out;
-    char* to = out.data();
-    std::size_t room = out.size();
-    const bool isDone =
-        iconv(converter_.get(), &from, &left, &to, &room) != static_cast<std::size_t>(-1);
-    const int error = errno;
-    utf8.append(out.data(), to);
-    if (isDone || error == E2BIG || left == 0) continue;
-    platform::AppendUtf8(utf8, kReplacement);
-    ++from;
-    --left;
   }
 }
 

@@ -2,10 +2,11 @@
 #pragma once
 
 #include <map>
-#include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
+
+#include "platform/character_set.h"
 
 namespace cad_reader {
 
@@ -20,10 +21,7 @@ class CodePage {
   void AppendUtf8(std::string& utf8, std::string_view bytes) const;
 
  private:
-  struct Closer {
-    void operator()(void* converter) const;
-  };
-  std::unique_ptr<void, Closer> converter_;  // null: Windows-1252
+  std::optional<platform::CharacterSet> set_;  // none: Windows-1252
 };
 
 /// The code page that a file names ("ANSI_1252", "dos850"); nothing when it is not known.

@@ -4,10 +4,7 @@
 namespace landxml {
 namespace {
 
-bool HasPlace(const CEgn& point) {
-  return IsDefined(point.GetCoordX()) && IsDefined(point.GetCoordY()) &&
-         IsDefined(point.GetCoordZ());
-}
+bool HasPlace(const CEgn& point) { return point.HasPlane() && IsDefined(point.GetCoordZ()); }
 
 // `tabs` and `element` with name, description and, northing first, the place; nothing when that is
 // not defined.

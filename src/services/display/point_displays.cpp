@@ -18,10 +18,6 @@ cad::Point PlaceOf(const CEgn& point) {
   return {point.GetCoordX(), point.GetCoordY(), IsDefined(z) ? z : 0};
 }
 
-bool HasPlan(const CEgn& point) {
-  return IsDefined(point.GetCoordX()) && IsDefined(point.GetCoordY());
-}
-
 std::string HeightText(const CEgn& point) {
   return StringDaDouble(point.GetCoordZ(), 0, kHeightDecimals).ToUtf8();
 }
@@ -131,7 +127,7 @@ CDisPtNome::CDisPtNome(CTcadEng* engine, CDocSymbolManager* /*symbols*/, Exchang
 void CDisPtNome::AddAllNames(bool explode) {
   if (!explode) return;
   const auto add = [&](const CEgn& point, Symbol /*symbol*/, const TargetLayers& layers) {
-    if (!HasPlan(point) || point.NameUtf8().empty()) return;
+    if (!point.HasPlane() || point.NameUtf8().empty()) return;
     engine_->Add({layers.Of(ToXlate("NAMES")), cad::kByLayer, false, cad::Origin::kPointNames,
                   Text(point, display::kNamePlace, std::string(point.NameUtf8()))});
   };
@@ -153,7 +149,7 @@ void PointDisplay::Add(int drawing, cad::Shape shape) {
 
 void PointDisplay::Draw(const CEgn& point, Symbol symbol, const TargetLayers& layers,
                         bool explode) {
-  if (!HasPlan(point)) {
+  if (!point.HasPlane()) {
     if (!point.NameUtf8().empty()) ++notDrawn_;
     return;
   }
@@ -191,7 +187,7 @@ void PointDisplay::DrawPlain(const CEgn& point, Symbol symbol, const TargetLayer
 }
 
 void PointDisplay::DrawSight(const CEgn& from, const CEgn& to, const TargetLayers& layers) {
-  if (!HasPlan(from) || !HasPlan(to)) return;
+  if (!from.HasPlane() || !to.HasPlane()) return;
   Add(layers.Of(ToXlate("ORIENTATIONS")), cad::LineShape{PlaceOf(from), PlaceOf(to)});
 }
 

@@ -1,13 +1,12 @@
-#include "apps/desktop/plan/drawing_legs.h"
-
 #include <cmath>
 #include <numbers>
 
-namespace plan {
+#include "host/plot/line_work.h"
+
+namespace plot {
 namespace {
 
 using cad::Point;
-using plot::Place;
 
 constexpr double kRadians = std::numbers::pi / 180;  // of a degree
 constexpr double kDegreesOfAChord = 6;
@@ -44,22 +43,22 @@ Place PlaceOf(const Point& point) { return {point.getX(), point.getY()}; }
 
 class Flattener {
  public:
-  Flattener(const CTcadEng& engine, std::vector<DrawingParts>& parts)
-      : engine_(engine), parts_(parts) {}
+  Flattener(const CTcadEng& engine, std::vector<LineWork>& layers)
+      : engine_(engine), layers_(layers) {}
 
   void Add(const cad::Entity& entity, const Placement& placement, int insertedOn,
            std::uint16_t insertedIn, int depth) {
     // What lies on the first drawing within a block goes where the block is inserted.
     const int drawing = depth > 0 && entity.drawing == 1 ? insertedOn : entity.drawing;
-    if (drawing < 1 || static_cast<std::size_t>(drawing) >= parts_.size()) return;
+    if (drawing < 1 || static_cast<std::size_t>(drawing) >= layers_.size()) return;
     const std::uint16_t color = ColorOf(entity, drawing, insertedIn);
     if (const auto* const insert = std::get_if<cad::InsertShape>(&entity.shape)) {
       AddInsert(*insert, placement, drawing, color, depth);
       return;
     }
-    into_ = &parts_[static_cast<std::size_t>(drawing)];
+    into_ = &layers_[static_cast<std::size_t>(drawing)];
     placement_ = &placement;
-    into_->colors.push_back(color);
+    into_->colours.push_back(RgbOf(color));
     std::visit([this](const auto& shape) { AddShape(shape); }, entity.shape);
   }
 
@@ -90,20 +89,22 @@ class Flattener {
 
   void AddAttributes(const cad::InsertShape& insert, const cad::Block& block,
                      const Placement& inner, int drawing, std::uint16_t color) {
-    DrawingParts& parts = parts_[static_cast<std::size_t>(drawing)];
+    LineWork& layer = layers_[static_cast<std::size_t>(drawing)];
     for (const cad::Attribute& attribute : insert.attributes) {
       for (const cad::AttributeDefinition& definition : block.attributes) {
         if (definition.tag != attribute.tag || attribute.text.empty()) continue;
-        parts.colors.push_back(color);
-        parts.texts.push_back({inner.At(PlaceOf(definition.at)), definition.height * inner.Scale(),
-                               inner.Turn(), attribute.text});
+        layer.colours.push_back(RgbOf(color));
+        layer.texts.push_back({inner.At(PlaceOf(definition.at)), definition.height * inner.Scale(),
+                               inner.Turn(), SourceOf(layer), attribute.text});
       }
     }
   }
 
+  static std::uint32_t SourceOf(const LineWork& layer) {
+    return static_cast<std::uint32_t>(layer.colours.size() - 1);
+  }
   void Line(const Place& from, const Place& to) {
-    const auto source = static_cast<std::uint32_t>(into_->colors.size() - 1);
-    into_->legs.push_back({placement_->At(from), placement_->At(to), source});
+    into_->legs.push_back({placement_->At(from), placement_->At(to), SourceOf(*into_)});
   }
   void Outline(const std::vector<Point>& points) {
     for (std::size_t i = 0; i < points.size(); ++i) {
@@ -134,7 +135,7 @@ class Flattener {
     const double dy = to.y - from.y;
     const double beside = (1 / bulge - bulge) / 4;
     const Place center{from.x + dx / 2 - dy * beside, from.y + dy / 2 + dx * beside};
-    const double radius = plot::Distance(center, from);
+    const double radius = Distance(center, from);
     double start = std::atan2(from.y - center.y, from.x - center.x) / kRadians;
     double end = std::atan2(to.y - center.y, to.x - center.x) / kRadians;
     if (bulge < 0) std::swap(start, end);
@@ -169,28 +170,36 @@ class Flattener {
   }
   void AddShape(const cad::TextShape& it) {
     into_->texts.push_back({placement_->At(PlaceOf(it.at)), it.height * placement_->Scale(),
-                            it.rotation + placement_->Turn(), it.text});
+                            it.rotation + placement_->Turn(), SourceOf(*into_), it.text});
   }
   void AddShape(const cad::InsertShape&) {}
   void AddShape(const cad::FaceShape& it) { Outline(it.points); }
   void AddShape(const cad::SolidShape& it) { Outline(it.points); }
 
   const CTcadEng& engine_;
-  std::vector<DrawingParts>& parts_;
-  DrawingParts* into_ = nullptr;
+  std::vector<LineWork>& layers_;
+  LineWork* into_ = nullptr;
   const Placement* placement_ = nullptr;
 };
 
 }  // namespace
 
-std::vector<DrawingParts> PartsOf(const CTcadEng& engine) {
-  std::vector<DrawingParts> parts(static_cast<std::size_t>(engine.GetNoDrawings()) + 1);
-  Flattener flattener(engine, parts);
+std::vector<LineWork> DrawingsOf(const CTcadEng& engine) {
+  std::vector<LineWork> layers(static_cast<std::size_t>(engine.GetNoDrawings()) + 1);
+  Flattener flattener(engine, layers);
   for (const cad::Entity& entity : engine.Entities()) {
     if (entity.origin != cad::Origin::kUser || entity.isPrivate) continue;
     flattener.Add(entity, Placement{}, entity.drawing, 7, 0);
   }
-  return parts;
+  for (std::size_t id = 1; id < layers.size(); ++id) {
+    LineWork& layer = layers[id];
+    layer.position = static_cast<int>(id);
+    layer.name = engine.GetDrawingName(layer.position).ToUtf8();
+    layer.isVisible = engine.IsDrawingVisible(layer.position);
+    layer.count = layer.colours.size();
+  }
+  std::erase_if(layers, [](const LineWork& layer) { return layer.colours.empty(); });
+  return layers;
 }
 
-}  // namespace plan
+}  // namespace plot
