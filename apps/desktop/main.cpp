@@ -2,6 +2,7 @@
 #include <QScreen>
 #include <cstdlib>
 
+#include "apps/desktop/dialogs/handheld_style.h"
 #include "apps/desktop/main_window.h"
 #include "apps/desktop/qt_text.h"
 #include "apps/desktop/user_settings.h"
@@ -29,7 +30,10 @@ void StartLanguage() {
 
 int Run(QApplication& application) {
   const Module module;
-  MainWindow window(module, CPalmDevice::SelectIdDlgStd(QGuiApplication::primaryScreen()->size()));
+  const DialogShape shape =
+      CPalmDevice::SelectIdDlgStd(QGuiApplication::primaryScreen()->size());
+  UseStyleFor(shape);
+  MainWindow window(module, shape);
   window.show();
   const QStringList words = application.arguments().mid(1);
   QMetaObject::invokeMethod(

@@ -5,10 +5,12 @@
 #include <QDockWidget>
 #include <QMenu>
 #include <QMenuBar>
+#include <QToolBar>
+#include <QToolButton>
 #include <array>
 
+#include "apps/desktop/icons.h"
 #include "apps/desktop/main_window.h"
-#include "apps/desktop/plan/layer_list.h"
 #include "apps/desktop/plan/plan_view.h"
 #include "apps/desktop/qt_text.h"
 #include "apps/desktop/user_settings.h"
@@ -44,6 +46,7 @@ QAction* MainWindow::AddAction(QMenu& menu, const char* text, const char* name,
 
 // Anew for every language.
 void MainWindow::MakeMenus() {
+  if (tools_ != nullptr) tools_->clear();
   menuBar()->clear();
   qDeleteAll(menuBar()->findChildren<QMenu*>(QString(), Qt::FindDirectChildrenOnly));
   MakeJobMenu();
@@ -51,6 +54,38 @@ void MainWindow::MakeMenus() {
   MakeEditMenu();
   MakeViewMenu();
   MakeSettingsMenu();
+  MakeToolBar();
+}
+
+// What is used most, with icons; all of it stands in the menus as well.
+void MainWindow::MakeToolBar() {
+  constexpr std::pair<const char*, Picture> kTools[] = {
+      {"new", Picture::kNew},         {"openFolder", Picture::kOpen}, {"save", Picture::kSave},
+      {"", {}},                       {"menuImport", Picture::kImport},
+      {"menuExport", Picture::kExport}, {"", {}},                     {"undo", Picture::kUndo},
+      {"compute", Picture::kCompute}, {"", {}},                       {"fit", Picture::kFit},
+      {"zoomIn", Picture::kZoomIn},   {"zoomOut", Picture::kZoomOut}};
+  for (const auto& [name, picture] : kTools) {
+    if (*name == '\0') {
+      if (tools_ != nullptr) tools_->addSeparator();
+      continue;
+    }
+    const auto* const menu = findChild<QMenu*>(name);
+    QAction* const action = menu != nullptr ? menu->menuAction() : findChild<QAction*>(name);
+    action->setIcon(IconOf(picture));
+    if (tools_ != nullptr) AddTool(*action);
+  }
+}
+
+void MainWindow::AddTool(QAction& action) {
+  tools_->addAction(&action);
+  auto* const button = qobject_cast<QToolButton*>(tools_->widgetForAction(&action));
+  if (button == nullptr) return;
+  const bool isMenu = action.menu() != nullptr;
+  button->setToolButtonStyle(isMenu ? Qt::ToolButtonTextBesideIcon : Qt::ToolButtonIconOnly);
+  button->setAccessibleName(QString(action.text()).remove('&'));
+  button->setFocusPolicy(Qt::TabFocus);
+  if (isMenu) button->setPopupMode(QToolButton::InstantPopup);
 }
 
 void MainWindow::MakeJobMenu() {
@@ -65,8 +100,11 @@ void MainWindow::MakeJobMenu() {
   connect(recent, &QMenu::aboutToShow, this, [this, recent] {
     recent->clear();
     for (const QString& path : RecentJobs()) {
-      connect(recent->addAction(path), &QAction::triggered, this,
+      connect(recent->addAction(QString(path).replace('&', "&&")), &QAction::triggered, this,
               [this, path] { OpenOrImport(ToUtf8(path)); });
+    }
+    if (recent->isEmpty()) {
+      recent->addAction(Translated(ToXlate("No job was open yet")))->setEnabled(false);
     }
   });
   menu.addSeparator();
@@ -92,6 +130,8 @@ void MainWindow::MakeEditMenu() {
   undo_ = AddAction(menu, ToXlate("Undo the last import"), "undo", [this] { Undo(); });
   undo_->setShortcut(QKeySequence::Undo);
   menu.addSeparator();
+  AddAction(menu, ToXlate("Copy"), "copy", [this] { Copy(); })->setShortcut(QKeySequence::Copy);
+  menu.addSeparator();
   AddAction(menu, ToXlate("Work out coordinates"), "compute", [this] {
     Compute(false);
   })->setShortcut(Qt::Key_F9);
@@ -101,23 +141,19 @@ void MainWindow::MakeEditMenu() {
 
 void MainWindow::MakeViewMenu() {
   QMenu& menu = AddMenu(*menuBar(), ToXlate("&Plan"), "menuPlan");
-  AddAction(menu, ToXlate("Fit"), "fit", [this] { plan_->Fit(); });
+  AddAction(menu, ToXlate("Fit"), "fit", [this] {
+    plan_->Fit();
+  })->setShortcut(QKeySequence("Ctrl+0"));
   AddAction(menu, ToXlate("Zoom in"), "zoomIn", [this] {
     plan_->ZoomIn();
   })->setShortcut(QKeySequence::ZoomIn);
   AddAction(menu, ToXlate("Zoom out"), "zoomOut", [this] {
     plan_->ZoomOut();
   })->setShortcut(QKeySequence::ZoomOut);
-  auto* dock = findChild<QDockWidget*>("layers");
-  if (dock == nullptr) {
-    dock = new QDockWidget(this);
-    dock->setObjectName("layers");
-    dock->setWidget(new plan::LayerList(*plan_));
-    addDockWidget(Qt::RightDockWidgetArea, dock);
-    dock->setVisible(!shape_.isHandheld);
+  if (auto* const dock = findChild<QDockWidget*>("layersDock")) {
+    menu.addSeparator();
+    menu.addAction(dock->toggleViewAction());
   }
-  dock->setWindowTitle(Translated(ToXlate("Layers")));
-  menu.addAction(dock->toggleViewAction());
 }
 
 void MainWindow::MakeSettingsMenu() {

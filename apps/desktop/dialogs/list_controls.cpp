@@ -3,16 +3,15 @@
 #include <nlohmann/json.hpp>
 
 #include "apps/desktop/dialogs/control.h"
+#include "apps/desktop/dialogs/rows_list.h"
 #include "apps/desktop/qt_text.h"
 
 namespace {
 
 QListWidget* NewList(const DialogShape& shape) {
-  constexpr int kRowsSeen = 4;
-  auto* const list = new QListWidget;
+  constexpr int kRows = 4;
+  auto* const list = new RowsList(kRows, shape);
   list->setUniformItemSizes(true);
-  const int row = std::max(shape.finger, list->fontMetrics().height());
-  list->setMinimumHeight(kRowsSeen * row);
   return list;
 }
 

@@ -19,18 +19,21 @@ WaitView::WaitView(const DialogShape& shape, bool mayCancel, QWidget* parent)
   bar_->setObjectName("progress");
   bar_->setRange(0, 0);
   auto* const layout = new QVBoxLayout(this);
+  auto* const contents = new QVBoxLayout;
+  contents->setContentsMargins(layout->contentsMargins());
   auto* const label = new QLabel(Translated(ToXlate("The data are being worked on.")));
-  label->setWordWrap(true);
-  layout->addWidget(label);
-  layout->addWidget(bar_);
+  label->setWordWrap(shape.isHandheld);
+  contents->addWidget(label);
+  contents->addWidget(bar_);
+  contents->addStretch();
+  layout->addLayout(contents, 1);
   if (mayCancel) {
-    layout->addWidget(
-        new ButtonBar({ToXlate("Cancel")}, shape, [this](std::string_view) { reject(); }));
+    layout->addWidget(new ButtonBar({ToXlate("Cancel")}, shape.WithButtonsBelow(),
+                                    [this](std::string_view) { reject(); }));
   }
-  if (shape.isHandheld) {
-    DressForHandheld(*this, shape);
-    layout->insertStretch(2);
-  }
+  constexpr int kWidth = 340;
+  if (!shape.isHandheld) setMinimumWidth(kWidth);
+  FillScreen(*this, *layout, shape);
   AssignMnemonics(this);
 }
 

@@ -47,18 +47,19 @@ ReportWindow::ReportWindow(ExchangeReport report, const DialogShape& shape, QWid
   connect(list, &QListWidget::itemClicked, list, go);
   connect(list, &QListWidget::itemActivated, list, go);
   auto* const bar =
-      new ButtonBar({ToXlate("Copy"), ToXlate("Close")}, shape, [this](std::string_view label) {
-        if (label == "Close") {
-          close();
-        } else {
-          QGuiApplication::clipboard()->setText(report_.AsText());
-        }
-      });
+      new ButtonBar({ToXlate("Copy"), ToXlate("Close")}, shape.WithButtonsBelow(),
+                    [this](std::string_view label) {
+                      if (label == "Close") {
+                        close();
+                      } else {
+                        QGuiApplication::clipboard()->setText(report_.AsText());
+                      }
+                    });
   bar->Button("Close")->setDefault(true);
   auto* const layout = new QVBoxLayout(this);
   layout->addWidget(list);
   layout->addWidget(bar);
-  DressForHandheld(*this, shape);
+  FillScreen(*this, *layout, shape);
   constexpr QSize kUsual(560, 360);
   if (!shape.isHandheld) resize(kUsual);
   AssignMnemonics(this);

@@ -4,6 +4,7 @@
 #include <array>
 #include <map>
 
+#include "apps/desktop/plan/mark_painter.h"
 #include "apps/desktop/plan/name_painter.h"
 #include "host/plot/nice_numbers.h"
 
@@ -137,7 +138,7 @@ class Painter {
     painter_.setRenderHint(QPainter::Antialiasing);
     for (auto mark = symbols.rbegin(); mark != symbols.rend(); ++mark) {
       const plot::Mark& each = model_.Marks()[*mark];
-      PaintSymbol(Point(view_.ToPixels(each.place)), each.kind);
+      PaintMark(painter_, Point(view_.ToPixels(each.place)), kHalfSymbol, each.kind);
     }
     PaintNames(model_, view_, symbols, painter_);
     painter_.setRenderHint(QPainter::Antialiasing, false);
@@ -153,42 +154,6 @@ class Painter {
       if (x < 0 || y < 0 || x >= image_.width() || y >= image_.height()) return;
       reinterpret_cast<QRgb*>(bits_ + y * stride_)[x] = 0xFF000000 | RgbOf(kind);
     });
-  }
-
-  void PaintSymbol(const QPointF& at, plot::MarkKind kind) {
-    constexpr double h = kHalfSymbol;
-    const QColor color(RgbOf(kind));
-    painter_.setPen(QPen(color, 1.4));
-    painter_.setBrush(Qt::NoBrush);
-    const QPolygonF triangle({{at.x(), at.y() - h},
-                              {at.x() + h * 0.9, at.y() + h * 0.6},
-                              {at.x() - h * 0.9, at.y() + h * 0.6}});
-    switch (kind) {
-      case plot::MarkKind::kStation:
-        painter_.setBrush(Qt::white);
-        painter_.drawPolygon(triangle);
-        break;
-      case plot::MarkKind::kKnown:
-      case plot::MarkKind::kManyKnown:
-        painter_.setBrush(color);
-        painter_.drawPolygon(triangle);
-        break;
-      case plot::MarkKind::kControl:
-        painter_.drawPolygon(QPolygonF({{at.x(), at.y() - h},
-                                        {at.x() + h, at.y()},
-                                        {at.x(), at.y() + h},
-                                        {at.x() - h, at.y()}}));
-        break;
-      case plot::MarkKind::kGpsBase:
-        painter_.setBrush(color);
-        painter_.drawEllipse(at, h * 0.8, h * 0.8);
-        break;
-      case plot::MarkKind::kGps: painter_.drawEllipse(at, h * 0.6, h * 0.6); break;
-      case plot::MarkKind::kMeasured:
-        painter_.drawLine(QLineF(at.x() - h * 0.6, at.y(), at.x() + h * 0.6, at.y()));
-        painter_.drawLine(QLineF(at.x(), at.y() - h * 0.6, at.x(), at.y() + h * 0.6));
-        break;
-    }
   }
 
   void PaintHighlight() {
