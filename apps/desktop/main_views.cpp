@@ -23,6 +23,11 @@ void MainWindow::MakeViews() {
   MakeTable();
   MakePlan();
   layers_ = new plan::LayerList(*plan_);
+  counts_ = new QLabel;
+  counts_->setObjectName("counts");
+  // However much there is, the window need not be wide for it.
+  counts_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+  statusBar()->addWidget(counts_, 1);
   place_ = new QLabel;
   place_->setObjectName("place");
   if (shape_.isHandheld) {

@@ -61,7 +61,8 @@ void MainWindow::ShowJob() {
   undo_->setEnabled(job_.CanUndo());
   const QString name = job_.Path() ? ToQt(*job_.Path()) : Translated(ToXlate("new job"));
   setWindowTitle(name + (job_.IsChanged() ? "* – " : " – ") + "Kalvio Exchange");
-  statusBar()->showMessage(ToQt(InWords(CountsOf(job_.Document()))));
+  counts_->setText(ToQt(InWords(CountsOf(job_.Document()))));
+  statusBar()->clearMessage();
 }
 
 void MainWindow::ShowNothing() {

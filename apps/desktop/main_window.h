@@ -99,7 +99,8 @@ class MainWindow : public QMainWindow {
   plan::LayerList* layers_ = nullptr;
   QTabWidget* pages_ = nullptr;  // of a handheld, which shows one view at a time
   QToolBar* tools_ = nullptr;
-  QLabel* place_ = nullptr;  // where the pointer is
+  QLabel* counts_ = nullptr;  // what there is
+  QLabel* place_ = nullptr;   // where the pointer is
   QAction* undo_ = nullptr;
   QPointer<QDialog> report_;
 };

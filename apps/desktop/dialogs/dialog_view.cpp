@@ -32,10 +32,21 @@ DialogView::DialogView(Dialog& dialog, const DialogShape& shape, PreviewSource* 
   AddButtons(*NewBody());
   Refresh();
   AssignMnemonics(this);
-  if (!controls_.empty()) controls_.front().control->Focus()->setFocus();
+  FocusFirst();
 }
 
 DialogView::~DialogView() = default;
+
+// Where typing begins: at the first control that takes keys.
+void DialogView::FocusFirst() {
+  for (const Shown& shown : controls_) {
+    QWidget* const widget = shown.control->Focus();
+    const QWidget* const proxy = widget->focusProxy();
+    const Qt::FocusPolicy policy = (proxy == nullptr ? widget : proxy)->focusPolicy();
+    if (!widget->isVisibleTo(this) || policy == Qt::NoFocus) continue;
+    return widget->setFocus();
+  }
+}
 
 QWidget* DialogView::NewBody() {
   auto* const body = new QWidget;

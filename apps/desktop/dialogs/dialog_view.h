@@ -49,6 +49,7 @@ class DialogView : public QDialog, public ControlHost {
     QGroupBox* frame = nullptr;
   };
 
+  void FocusFirst();
   QWidget* NewBody();
   QWidget* Scrolling(QWidget* body) const;
   void AddControls(std::span<const ControlRow> rows, QWidget* body);

@@ -1,6 +1,7 @@
 #include <QButtonGroup>
 #include <QCheckBox>
 #include <QComboBox>
+#include <QDir>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QLineEdit>
@@ -15,6 +16,7 @@
 #include "apps/desktop/dialogs/control.h"
 #include "apps/desktop/dialogs/mnemonics.h"
 #include "apps/desktop/qt_text.h"
+#include "platform/paths.h"
 
 namespace {
 
@@ -76,13 +78,19 @@ class Line : public Control {
   }
   QWidget* Widget() override { return line_; }
   void Refresh(const DialogState& state) override {
-    const QString text = ToQt(state.value(row_.key, std::string()));
+    const auto value = state.value(row_.key, std::string());
+    // What is only shown is a folder, which a presenter has in the host's form.
+    const QString text = line_->isReadOnly() ? ShownFolder(value) : ToQt(value);
     if (line_->text() == text) return;
     line_->setText(text);
     if (line_->isReadOnly()) line_->setToolTip(text);
   }
 
  private:
+  static QString ShownFolder(const std::string& folder) {
+    return QDir::cleanPath(ToQt(platform::NativePath(folder)));
+  }
+
   const ControlRow& row_;
   QLineEdit* line_;
 };

@@ -39,6 +39,8 @@ ReportWindow::ReportWindow(ExchangeReport report, const DialogShape& shape, QWid
   list->setObjectName("lines");
   list->setAccessibleName(Translated(ToXlate("What the exchange did")));
   list->setWordWrap(true);
+  constexpr int kBetweenLines = 2;
+  list->setSpacing(kBetweenLines);
   for (const ReportLine& line : report_.lines) list->addItem(NewItem(line, *this));
   const auto go = [this, list](const QListWidgetItem* item) {
     const ReportLine& line = report_.lines[static_cast<std::size_t>(list->row(item))];
@@ -56,6 +58,7 @@ ReportWindow::ReportWindow(ExchangeReport report, const DialogShape& shape, QWid
                       }
                     });
   bar->Button("Close")->setDefault(true);
+  bar->Button("Close")->setFocus();
   auto* const layout = new QVBoxLayout(this);
   layout->addWidget(list);
   layout->addWidget(bar);
