@@ -166,3 +166,22 @@ class Drawing : public QIconEngine {
 }  // namespace
 
 QIcon IconOf(Picture picture) { return QIcon(new Drawing(picture)); }
+
+QIcon ProgramIcon() {
+  QPixmap picture(128, 128);
+  picture.fill(Qt::transparent);
+  QPainter painter(&picture);
+  painter.setRenderHint(QPainter::Antialiasing);
+  painter.setPen(Qt::NoPen);
+  painter.setBrush(QColor(0x1D4F63));
+  painter.drawRoundedRect(4, 4, 120, 120, 22, 22);
+  constexpr double kScale = 4.2;
+  painter.translate(14, 14);
+  painter.scale(kScale, kScale);
+  painter.setBrush(Qt::NoBrush);
+  painter.setPen(QPen(Qt::white, 1.7, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+  painter.drawPath(PathOf(Picture::kTerrain));
+  painter.setPen(QPen(QColor(0xE8A33D), 1.7, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+  painter.drawPath(PathOf(Picture::kExport));
+  return QIcon::fromTheme("kalvio-desktop", QIcon(picture));
+}

@@ -27,3 +27,6 @@ enum class Picture {
 
 /// Drawn at any size, in the colour of texts.
 QIcon IconOf(Picture picture);
+
+/// The program's own: that of the desktop's theme when the program is installed.
+QIcon ProgramIcon();

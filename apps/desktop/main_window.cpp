@@ -66,6 +66,7 @@ void MainWindow::ShowJob() {
 }
 
 void MainWindow::ShowNothing() {
+  if (report_) report_->close();  // its objects go
   plan_->Clear();
   table_.Show(nullptr, {});
   tree_.Show(nullptr);
@@ -91,6 +92,7 @@ void MainWindow::ShowTable(const JobNode& node) {
 }
 
 void MainWindow::GoTo(const JobNode& node) {
+  if (RowOf(node) >= ChildCount(job_.Document(), ParentOf(node))) return;
   const QModelIndex index = tree_.IndexOf(node);
   treeView_->setCurrentIndex(index);
   treeView_->scrollTo(index);
