@@ -231,8 +231,8 @@ void MainWindow::Undo() {
 
 // The tree when it is there that the user works, else the table.
 void MainWindow::Copy() {
-  QGuiApplication::clipboard()->setText(treeView_->hasFocus() ? TextOf(*treeView_)
-                                                              : TextOf(*tableView_));
+  QGuiApplication::clipboard()->setText(treeView_->hasFocus() ? ShownText(*treeView_)
+                                                              : ShownText(*tableView_));
 }
 
 void MainWindow::Compute(bool isAnew) {

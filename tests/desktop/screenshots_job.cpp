@@ -92,7 +92,7 @@ void AddTotalStation(CLibCmp& library) {
 
 void AddKnown(CLibPnt& library) {
   library.AddGrp(true)->SetLabels("known.csv", "", "", "");
-  constexpr std::array kPlaces = {std::pair{10, 24}, {130, -26}, {225, 20}};
+  constexpr std::array kPlaces = {std::pair{10, 24}, std::pair{130, -26}, std::pair{225, 20}};
   int number = 0;
   for (const auto& [along, aside] : kPlaces) {
     const OnRoad at = At(along, aside);

@@ -11,7 +11,7 @@ QString Line(int columns, const CellAt& cellAt) {
 
 }  // namespace
 
-QString TextOf(const QTableView& table) {
+QString ShownText(const QTableView& table) {
   const QAbstractItemModel& model = *table.model();
   const int columns = model.columnCount();
   QString text = Line(columns, [&](int column) { return model.headerData(column, Qt::Horizontal); });
@@ -24,7 +24,7 @@ QString TextOf(const QTableView& table) {
   return text;
 }
 
-QString TextOf(const QTreeView& tree) {
+QString ShownText(const QTreeView& tree) {
   QString text;
   for (QModelIndex index = tree.model()->index(0, 0); index.isValid();
        index = tree.indexBelow(index)) {

@@ -5,6 +5,6 @@
 #include <QTreeView>
 
 /// The selected rows under their titles, columns apart by tabs; all rows when none is selected.
-QString TextOf(const QTableView& table);
+QString ShownText(const QTableView& table);
 /// The lines that are unfolded, each moved in by a tab for every level.
-QString TextOf(const QTreeView& tree);
+QString ShownText(const QTreeView& tree);
