@@ -60,32 +60,46 @@ void MainWindow::MakeMenus() {
 // What is used most, with icons; all of it stands in the menus as well.
 void MainWindow::MakeToolBar() {
   constexpr std::pair<const char*, Picture> kTools[] = {
-      {"new", Picture::kNew},         {"openFolder", Picture::kOpen}, {"save", Picture::kSave},
-      {"", {}},                       {"menuImport", Picture::kImport},
-      {"menuExport", Picture::kExport}, {"", {}},                     {"undo", Picture::kUndo},
-      {"compute", Picture::kCompute}, {"", {}},                       {"fit", Picture::kFit},
-      {"zoomIn", Picture::kZoomIn},   {"zoomOut", Picture::kZoomOut}};
+      {"new", Picture::kNew},           {"openFolder", Picture::kOpen},
+      {"save", Picture::kSave},         {"", {}},
+      {"menuImport", Picture::kImport}, {"menuExport", Picture::kExport},
+      {"", {}},                         {"undo", Picture::kUndo},
+      {"compute", Picture::kCompute},   {"", {}},
+      {"fit", Picture::kFit},           {"zoomIn", Picture::kZoomIn},
+      {"zoomOut", Picture::kZoomOut}};
   for (const auto& [name, picture] : kTools) {
-    if (*name == '\0') {
-      if (tools_ != nullptr) tools_->addSeparator();
-      continue;
+    if (auto* const menu = findChild<QMenu*>(name); *name != '\0' && menu != nullptr) {
+      AddTool(*menu, IconOf(picture));
+    } else if (auto* const action = findChild<QAction*>(name); *name != '\0') {
+      action->setIcon(IconOf(picture));
+      AddTool(*action);
+    } else if (tools_ != nullptr) {
+      tools_->addSeparator();
     }
-    const auto* const menu = findChild<QMenu*>(name);
-    QAction* const action = menu != nullptr ? menu->menuAction() : findChild<QAction*>(name);
-    action->setIcon(IconOf(picture));
-    if (tools_ != nullptr) AddTool(*action);
   }
 }
 
 void MainWindow::AddTool(QAction& action) {
+  if (tools_ == nullptr) return;
   tools_->addAction(&action);
-  auto* const button = qobject_cast<QToolButton*>(tools_->widgetForAction(&action));
-  if (button == nullptr) return;
-  const bool isMenu = action.menu() != nullptr;
-  button->setToolButtonStyle(isMenu ? Qt::ToolButtonTextBesideIcon : Qt::ToolButtonIconOnly);
-  button->setAccessibleName(QString(action.text()).remove('&'));
+  QWidget* const button = tools_->widgetForAction(&action);
+  button->setAccessibleName(action.text());
   button->setFocusPolicy(Qt::TabFocus);
-  if (isMenu) button->setPopupMode(QToolButton::InstantPopup);
+}
+
+// The menu bar shows the menu by its name alone.
+void MainWindow::AddTool(QMenu& menu, const QIcon& icon) {
+  if (tools_ == nullptr) return;
+  auto* const button = new QToolButton;
+  button->setText(menu.title().remove('&'));
+  button->setToolTip(button->text());
+  button->setAccessibleName(button->text());
+  button->setIcon(icon);
+  button->setMenu(&menu);
+  button->setPopupMode(QToolButton::InstantPopup);
+  button->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
+  button->setFocusPolicy(Qt::TabFocus);
+  tools_->addWidget(button);
 }
 
 void MainWindow::MakeJobMenu() {

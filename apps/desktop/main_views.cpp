@@ -95,7 +95,7 @@ void MainWindow::MakeDesktopLayout() {
   resizeDocks({dock}, {kDockWidth}, Qt::Horizontal);
   tools_ = addToolBar(QString());
   tools_->setObjectName("tools");
-  tools_->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
+  tools_->setMovable(false);
   tools_->setIconSize({20, 20});
   statusBar()->addPermanentWidget(place_);
 }

@@ -231,7 +231,7 @@ void MainWindow::Undo() {
 
 // The tree when it is there that the user works, else the table.
 void MainWindow::Copy() {
-  QGuiApplication::clipboard()->setText(treeView_->hasFocus() ? ShownText(*treeView_)
+  QGuiApplication::clipboard()->setText(focusWidget() == treeView_ ? ShownText(*treeView_)
                                                               : ShownText(*tableView_));
 }
 

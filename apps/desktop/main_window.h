@@ -57,6 +57,7 @@ class MainWindow : public QMainWindow {
   void NameViews();
   void MakeToolBar();
   void AddTool(QAction& action);
+  void AddTool(QMenu& menu, const QIcon& icon);
   void MakeMenus();
   void MakeJobMenu();
   void MakeExchangeMenus();

@@ -15,6 +15,7 @@
 #include "module.h"
 #include "services/translate.h"
 #include "tests/desktop/every_dialog.h"
+#include "tests/desktop/example_site.h"
 #include "tests/desktop/screenshots_job.h"
 
 namespace {
@@ -79,7 +80,7 @@ void TakeOthers(Camera& camera, const DialogShape& shape, const QString& end) {
 void TakeMain(Camera& camera, const Module& module, const DialogShape& shape, const QString& end) {
   MainWindow window(module, shape);
   camera.Take(window, "30-empty-" + end);
-  FillExample(window.Job().Document());
+  FillSite(window.Job().Document());
   window.ShowJob();
   window.GoTo({NodeKind::kStation, 0, 1});
   camera.Take(window, "31-main-" + end);

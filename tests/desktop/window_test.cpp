@@ -272,7 +272,7 @@ TEST_F(WholeWindow, LeadsFromThePlanToThePoint) {
 
 TEST_F(WholeWindow, HasATextForEveryTool) {
   for (auto* const button : window.findChild<QToolBar*>("tools")->findChildren<QToolButton*>()) {
-    if (button->defaultAction() == nullptr) continue;
+    if (button->objectName() == "qt_toolbar_ext_button") continue;
     EXPECT_FALSE(button->accessibleName().isEmpty());
     EXPECT_FALSE(button->icon().isNull()) << button->accessibleName().toStdString();
     EXPECT_FALSE(button->toolTip().isEmpty());

@@ -52,7 +52,7 @@ QWidget* DialogView::NewBody() {
   auto* const body = new QWidget;
   if (const DialogRow* const row = FindDialogRow(dialog_.Name())) AddControls(row->controls, body);
   if (shape_.isHandheld) return Scrolling(body);
-  constexpr int kLetters = 58;  // so that a path can be read
+  constexpr int kLetters = 66;  // so that a path can be read
   body->setMinimumWidth(fontMetrics().averageCharWidth() * kLetters);
   body->layout()->setContentsMargins(0, 0, 0, 0);
   return body;

@@ -1,4 +1,4 @@
-#include <QButtonGroup>
+#include <QApplication>
 #include <QCheckBox>
 #include <QComboBox>
 #include <QDir>
@@ -42,7 +42,7 @@ class NumberBox : public QSpinBox {
   // As wide as the numbers that it is for.
   QSize Narrow(QSize size) const {
     const int spare =
-        fontMetrics().horizontalAdvance("-32000") - fontMetrics().horizontalAdvance("0000");
+        fontMetrics().horizontalAdvance("-32000") - fontMetrics().horizontalAdvance("000");
     return {size.width() - spare, size.height()};
   }
 
@@ -136,12 +136,23 @@ class Combo : public Control {
   std::vector<Choice> choices_;
 };
 
+// Whether all of them find room beside each other.
+bool HaveRoom(const std::vector<Choice>& choices, const DialogShape& shape) {
+  if (!shape.isHandheld) return true;
+  constexpr double kShare = 0.88;
+  constexpr double kShareBesideButtons = 0.65;
+  int width = 0;
+  for (const Choice& choice : choices) {
+    width += QFontMetrics(QApplication::font()).horizontalAdvance(choice.text) + shape.finger;
+  }
+  return width < shape.screen.width() * (shape.isUpright ? kShare : kShareBesideButtons);
+}
+
 class Radio : public Control {
  public:
   Radio(const ControlRow& row, ControlHost& host) : row_(row), frame_(new QWidget) {
     const std::vector<Choice> choices = row.choices({});
-    constexpr std::size_t kBesideEachOther = 2;
-    const bool isNarrow = host.Shape().isHandheld && choices.size() > kBesideEachOther;
+    const bool isNarrow = !HaveRoom(choices, host.Shape());
     auto* const layout =
         new QBoxLayout(isNarrow ? QBoxLayout::TopToBottom : QBoxLayout::LeftToRight, frame_);
     layout->setContentsMargins(0, 0, 0, 0);
@@ -243,7 +254,7 @@ QComboBox* NewCombo(const char* name, const DialogShape& shape) {
   auto* const box = new QComboBox;
   box->setObjectName(name);
   if (!shape.isHandheld) return box;
-  constexpr int kLeastLetters = 6;
+  constexpr int kLeastLetters = 4;
   box->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
   box->setMinimumContentsLength(kLeastLetters);
   box->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);

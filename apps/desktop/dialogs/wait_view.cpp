@@ -55,5 +55,5 @@ void WaitView::ShowProgress(std::uint64_t done, std::uint64_t total) {
 }
 
 void WaitView::reject() {
-  if (buttons_ != nullptr && buttons_->isVisibleTo(this)) isCancelled_ = true;
+  if (buttons_ != nullptr) isCancelled_ = true;
 }

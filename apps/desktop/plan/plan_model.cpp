@@ -1,5 +1,6 @@
 #include "apps/desktop/plan/plan_model.h"
 
+#include <algorithm>
 #include <array>
 #include <cmath>
 
@@ -109,6 +110,15 @@ PlanModel::PlanModel(HostDocument& document) : content_(plot::ContentOf(document
   AddRoads();
 }
 
+std::vector<const PlanLayer*> PlanModel::FromTheGround() const {
+  std::vector<const PlanLayer*> layers;
+  for (const PlanLayer& layer : layers_) layers.push_back(&layer);
+  std::stable_partition(layers.begin(), layers.end(), [](const PlanLayer* layer) {
+    return layer->kind == LayerKind::kTerrain;
+  });
+  return layers;
+}
+
 bool PlanModel::IsShown(LayerKind kind, int position) const {
   for (const PlanLayer& layer : layers_) {
     if (layer.kind == kind && layer.position == position) return layer.isVisible;
@@ -157,7 +167,7 @@ void PlanModel::AddThemes(HostDocument& document) {
     PlanLayer layer{.kind = LayerKind::kTheme, .name = theme.GetName().ToUtf8()};
     layer.position = i;
     layer.color = kThemeColors[static_cast<std::size_t>(i) % std::size(kThemeColors)];
-    layer.width = theme.GetType() == gis::EntityType::kPoint ? 5 : 1;
+    layer.width = theme.GetType() == gis::EntityType::kPoint ? 5 : 1.6;
     Add(std::move(layer), LegsOf(theme));
   }
 }

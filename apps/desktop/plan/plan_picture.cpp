@@ -12,6 +12,7 @@ namespace plan {
 namespace {
 
 constexpr std::size_t kMostSymbols = 3'000;
+constexpr qsizetype kMostSmooth = 4'000;  // legs whose edges are smoothed, which takes its time
 constexpr double kHalfSymbol = 4.5;  // pixels
 constexpr double kLeastLetters = 5;  // pixels: smaller texts are not legible
 constexpr QRgb kCrowd = 0xFFE2E2E2;
@@ -55,8 +56,8 @@ class Painter {
         shown_(view.Shown()) {}
 
   void Paint() {
-    for (const PlanLayer& layer : model_.Layers()) {
-      if (layer.isVisible) PaintLines(layer);
+    for (const PlanLayer* const layer : model_.FromTheGround()) {
+      if (layer->isVisible) PaintLines(*layer);
     }
     for (const PlanLayer& layer : model_.Layers()) {
       if (layer.isVisible) PaintTexts(layer);
@@ -86,9 +87,11 @@ class Painter {
         },
         [&](const plot::Box& crowd) { PaintCrowd(crowd, layer.color); });
     for (const auto& [color, lines] : legs) {
+      painter_.setRenderHint(QPainter::Antialiasing, lines.size() < kMostSmooth);
       painter_.setPen(QPen(QColor(color), layer.width));
       painter_.drawLines(lines);
     }
+    painter_.setRenderHint(QPainter::Antialiasing, false);
     for (const auto& [color, points] : dots) {
       painter_.setPen(QPen(QColor(color), std::max(layer.width, 3.0)));
       painter_.drawPoints(points.data(), static_cast<int>(points.size()));
