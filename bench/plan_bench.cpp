@@ -129,12 +129,14 @@ bool Run() {
   window.show();
   window.OpenJob(path);
   auto& plan = *window.findChild<plan::PlanView*>();
-  allKept = PrintRedraws("the plan moved by a step, all of it seen, median", Redraws(plan)) && allKept;
+  allKept =
+      PrintRedraws("the plan moved by a step, all of it seen, median", Redraws(plan)) && allKept;
   constexpr int kZooms = 4;  // each by one and a half: five times
   for (const int times : {5, 25, 125}) {
     for (int i = 0; i < kZooms; ++i) plan.ZoomIn();
-    allKept = PrintRedraws("the same, about " + Number(times, 0) + " times as large", Redraws(plan)) &&
-              allKept;
+    allKept =
+        PrintRedraws("the same, about " + Number(times, 0) + " times as large", Redraws(plan)) &&
+        allKept;
   }
   return allKept;
 }

@@ -24,8 +24,7 @@ std::string Sentence(const char* pattern, std::initializer_list<WString> argumen
   return Fill(Xlate(pattern), arguments).ToUtf8();
 }
 
-void TellResidual(const SetUpResult& setUp, const TargetResidual& it,
-                  std::vector<Remark>& lines) {
+void TellResidual(const SetUpResult& setUp, const TargetResidual& it, std::vector<Remark>& lines) {
   const WString station = Quoted(setUp.name);
   const WString target = Quoted(it.name);
   const auto tell = [&](std::string text) { lines.push_back({std::move(text), it.name}); };
@@ -35,8 +34,8 @@ void TellResidual(const SetUpResult& setUp, const TargetResidual& it,
                   : ToXlate(
                         "station {1}: the direction to {2} is {3} gon ({4} mm) off and was "
                         "left out");
-    tell(Sentence(
-        pattern, {station, target, StringDaDouble(it.direction, 0, 4), Millimetres(it.across)}));
+    tell(Sentence(pattern,
+                  {station, target, StringDaDouble(it.direction, 0, 4), Millimetres(it.across)}));
   }
   if (it.alongStandsOut) {
     tell(Sentence(ToXlate("station {1}: the distance to {2} is {3} mm off"),
@@ -52,8 +51,8 @@ void TellRepeated(const survey::RepeatedPoint& it, std::vector<Remark>& lines) {
   if (it.isAveraged) return;
   lines.push_back(
       {Sentence(ToXlate("point {1} was measured {2} times, {3} m apart in plan and {4} m "
-                       "in height: each keeps its own coordinates"),
-               {Quoted(it.name), Number(static_cast<std::size_t>(it.sights)), Metres(it.spread),
+                        "in height: each keeps its own coordinates"),
+                {Quoted(it.name), Number(static_cast<std::size_t>(it.sights)), Metres(it.spread),
                  Metres(it.heightSpread)}),
        it.name});
 }
@@ -61,7 +60,7 @@ void TellRepeated(const survey::RepeatedPoint& it, std::vector<Remark>& lines) {
 void TellClash(const survey::KnownClash& it, std::vector<Remark>& lines) {
   lines.push_back(
       {Sentence(ToXlate("known point {1} has two places: {2} {3} is used, {4} {5} is not"),
-               {Quoted(it.name), Metres(it.used.x), Metres(it.used.y), Metres(it.other.x),
+                {Quoted(it.name), Metres(it.used.x), Metres(it.used.y), Metres(it.other.x),
                  Metres(it.other.y)}),
        it.name});
 }

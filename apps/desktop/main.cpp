@@ -34,16 +34,16 @@ void StartLanguage() {
 std::optional<std::string> TextFor(std::string_view word) {
   if (word == "--version") return std::string("kalvio-desktop ") + KALVIO_VERSION + "\n";
   if (word != "--help" && word != "-h") return std::nullopt;
-  return Xlate("Usage: kalvio-desktop [JOB|FILE]...\n\n"
-               "Opens a job folder or .json document and imports files into it. Without a word, a "
-               "new job.\n")
+  return Xlate(
+             "Usage: kalvio-desktop [JOB|FILE]...\n\n"
+             "Opens a job folder or .json document and imports files into it. Without a word, a "
+             "new job.\n")
       .ToUtf8();
 }
 
 int Run(QApplication& application) {
   const Module module;
-  const DialogShape shape =
-      CPalmDevice::SelectIdDlgStd(QGuiApplication::primaryScreen()->size());
+  const DialogShape shape = CPalmDevice::SelectIdDlgStd(QGuiApplication::primaryScreen()->size());
   UseStyleFor(shape);
   MainWindow window(module, shape);
   window.show();

@@ -59,14 +59,19 @@ void MainWindow::MakeMenus() {
 
 // What is used most, with icons; all of it stands in the menus as well.
 void MainWindow::MakeToolBar() {
-  constexpr std::pair<const char*, Picture> kTools[] = {
-      {"new", Picture::kNew},           {"openFolder", Picture::kOpen},
-      {"save", Picture::kSave},         {"", {}},
-      {"menuImport", Picture::kImport}, {"menuExport", Picture::kExport},
-      {"", {}},                         {"undo", Picture::kUndo},
-      {"compute", Picture::kCompute},   {"", {}},
-      {"fit", Picture::kFit},           {"zoomIn", Picture::kZoomIn},
-      {"zoomOut", Picture::kZoomOut}};
+  constexpr std::pair<const char*, Picture> kTools[] = {{"new", Picture::kNew},
+                                                        {"openFolder", Picture::kOpen},
+                                                        {"save", Picture::kSave},
+                                                        {"", {}},
+                                                        {"menuImport", Picture::kImport},
+                                                        {"menuExport", Picture::kExport},
+                                                        {"", {}},
+                                                        {"undo", Picture::kUndo},
+                                                        {"compute", Picture::kCompute},
+                                                        {"", {}},
+                                                        {"fit", Picture::kFit},
+                                                        {"zoomIn", Picture::kZoomIn},
+                                                        {"zoomOut", Picture::kZoomOut}};
   for (const auto& [name, picture] : kTools) {
     if (auto* const menu = findChild<QMenu*>(name); *name != '\0' && menu != nullptr) {
       AddTool(*menu, IconOf(picture));

@@ -4,6 +4,7 @@
 #include <QDockWidget>
 #include <QHeaderView>
 #include <QLabel>
+#include <QPainter>
 #include <QSplitter>
 #include <QStatusBar>
 #include <QTabBar>
@@ -18,12 +19,26 @@
 #include "apps/desktop/plan/plan_view.h"
 #include "apps/desktop/qt_text.h"
 
+namespace {
+
+// A line that ends in dots where there is no room for it.
+class Line : public QLabel {
+ protected:
+  void paintEvent(QPaintEvent* /*event*/) override {
+    QPainter painter(this);
+    const QString shown = fontMetrics().elidedText(text(), Qt::ElideRight, width());
+    painter.drawText(rect(), Qt::AlignVCenter | Qt::AlignLeft, shown);
+  }
+};
+
+}  // namespace
+
 void MainWindow::MakeViews() {
   MakeTree();
   MakeTable();
   MakePlan();
   layers_ = new plan::LayerList(*plan_);
-  counts_ = new QLabel;
+  counts_ = new Line;
   counts_->setObjectName("counts");
   // However much there is, the window need not be wide for it.
   counts_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);

@@ -22,9 +22,9 @@
 #include "job_session.h"
 #include "platform/paths.h"
 #include "services/file_dialog.h"
+#include "services/ini_file.h"
 #include "services/job_folder_dialog.h"
 #include "services/jobs_folder.h"
-#include "services/ini_file.h"
 #include "services/message_box.h"
 #include "services/number_text.h"
 
@@ -62,6 +62,7 @@ void MainWindow::ShowJob() {
   const QString name = job_.Path() ? ToQt(*job_.Path()) : Translated(ToXlate("new job"));
   setWindowTitle(name + (job_.IsChanged() ? "* – " : " – ") + "Kalvio Exchange");
   counts_->setText(ToQt(InWords(CountsOf(job_.Document()))));
+  counts_->setToolTip(counts_->text());
   statusBar()->clearMessage();
 }
 
@@ -74,8 +75,8 @@ void MainWindow::ShowNothing() {
 
 // A place is told to the millimetre, as the points are.
 void MainWindow::ShowPlace(double easting, double northing) {
-  place_->setText(Translated(ToXlate("E {1}  N {2}"), {StringDaDouble(easting, 0, 3),
-                                                        StringDaDouble(northing, 0, 3)}));
+  place_->setText(Translated(ToXlate("E {1}  N {2}"),
+                             {StringDaDouble(easting, 0, 3), StringDaDouble(northing, 0, 3)}));
 }
 
 void MainWindow::ShowPicked(const plan::Found& found) {
@@ -232,7 +233,7 @@ void MainWindow::Undo() {
 // The tree when it is there that the user works, else the table.
 void MainWindow::Copy() {
   QGuiApplication::clipboard()->setText(focusWidget() == treeView_ ? ShownText(*treeView_)
-                                                              : ShownText(*tableView_));
+                                                                   : ShownText(*tableView_));
 }
 
 void MainWindow::Compute(bool isAnew) {

@@ -9,7 +9,7 @@
 namespace {
 
 // A road that bends through a village: its axis, as a place and a direction by its chainage.
-constexpr double kLength = 240;     // metres
+constexpr double kLength = 240;      // metres
 constexpr double kEast = 1'684'300;  // where it begins
 constexpr double kNorth = 4'852'100;
 
@@ -32,8 +32,7 @@ OnRoad At(double chainage, double aside) {
 }
 
 double HeightAt(double x, double y) {
-  return 148 + 0.03 * (x - kEast) + 2.5 * std::sin((y - kNorth) / 40) +
-         std::cos((x - kEast) / 30);
+  return 148 + 0.03 * (x - kEast) + 2.5 * std::sin((y - kNorth) / 40) + std::cos((x - kEast) / 30);
 }
 
 class Survey {
@@ -136,10 +135,9 @@ void AddRoad(CLibRoad& library) {
 
 // Houses beside the road, as a theme.
 void AddHouses(gis::CLibGis& library) {
-  auto theme =
-      std::make_unique<gis::CTheme>("buildings", gis::EntityType::kPolygon, false, false);
-  for (const auto& [along, aside] : {std::pair{20, -24}, {48, -26}, {80, 22}, {112, 26},
-                                     {150, -27}, {182, -25}, {205, 24}}) {
+  auto theme = std::make_unique<gis::CTheme>("buildings", gis::EntityType::kPolygon, false, false);
+  for (const auto& [along, aside] :
+       {std::pair{20, -24}, {48, -26}, {80, 22}, {112, 26}, {150, -27}, {182, -25}, {205, 24}}) {
     theme->AddFeature();
     theme->AddPart();
     for (const auto& [length, width] : {std::pair{-8, -5}, {8, -5}, {8, 5}, {-8, 5}, {-8, -5}}) {

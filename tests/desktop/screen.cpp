@@ -92,9 +92,7 @@ void Shown::Await(const QString& title) {
   QThread::msleep(kUntilItKnows);
 }
 
-void Shown::Press(const QStringList& keys) {
-  Xdotool(QStringList{"key", "--delay", "40"} + keys);
-}
+void Shown::Press(const QStringList& keys) { Xdotool(QStringList{"key", "--delay", "40"} + keys); }
 
 void Shown::Type(const QString& text) { Xdotool({"type", "--delay", "20", text}); }
 
@@ -114,7 +112,7 @@ QString Shown::Clipboard(const std::function<bool(const QString&)>& isThere) {
 QImage Photograph() { return QGuiApplication::primaryScreen()->grabWindow(0).toImage(); }
 
 int CountOf(const QImage& picture, const QRect& part, QRgb color) {
-  constexpr int kNear = 24;
+  constexpr int kNear = 60;
   const auto isNear = [](int a, int b) { return std::abs(a - b) <= kNear; };
   int count = 0;
   for (int y = part.top(); y <= part.bottom(); ++y) {

@@ -31,7 +31,7 @@ class OnScreen : public testing::Test {
  protected:
   OnScreen() {
     folder.Write("field.jb2", e2e::SmallJb2());
-    folder.Write("known.csv", "S1;1000;2000;100;\nS2;1010;2000;100;\n");
+    folder.Write("known.csv", "S1;1000;2000;100;\nS2;1010;2000;100;\nK1;1004;2003;101;\n");
   }
 
   void Choose(const char* menu, const char* function) {
@@ -74,7 +74,7 @@ TEST_F(OnScreen, ImportsShowsAndExportsAsTheCommandLineDoes) {
 
   Choose("alt+i", "FImportCSVFile");
   program.Await("Import / Export text file / csv file");
-  program.Press({"Tab", "Tab", "Tab", "Home", "Return"});
+  program.Press({"Tab", "Tab", "Tab", "space", "Return"});
   program.Await("Delimited fields");
   ChooseColumns();
   CloseReport("Csv file import");
@@ -90,9 +90,9 @@ TEST_F(OnScreen, ImportsShowsAndExportsAsTheCommandLineDoes) {
   EXPECT_TRUE(tree.contains("\n\t\tS1 (2)\n")) << tree.toStdString();
   EXPECT_TRUE(tree.contains("\nKnown Points (1)\n")) << tree.toStdString();
   const QImage picture = Photograph();
-  const QRect plan(300, 100, 600, 400);
-  EXPECT_GT(CountOf(picture, plan, 0x006138), 20) << "the known points";
-  EXPECT_GT(CountOf(picture, plan, 0x1F1F24), 10) << "the measured points";
+  const QRect plan(240, 100, 740, 400);  // between the tree and the layers
+  EXPECT_GT(CountOf(picture, plan, 0x006138), 20) << "the known point beside them";
+  EXPECT_GT(CountOf(picture, plan, 0x0A2E8C), 20) << "the stations";
 
   Choose("alt+e", "FExportDXFDWGFile");
   program.Await("Dxf/Dwg file export");

@@ -63,11 +63,10 @@ void FillExample(HostDocument& document) {
 ExchangeReport ExampleReport(HostDocument& document) {
   ExchangeReport report{Translated("JB2 file import"), {}};
   report.Tell(ToQt(ExampleFolder() + "/roma.jb2"));
-  report.Tell(
-      Translated("came in: {1}", {tdk::WString(InWords(CountsOf(document) - Counts{}))}));
+  report.Tell(Translated("came in: {1}", {tdk::WString(InWords(CountsOf(document) - Counts{}))}));
   report.Tell(Translated("new: {1}: {2}", {Xlate("Jobs"), "VIA ROMA"}), JobNode{NodeKind::kJob});
-  report.Warn(Fill(Xlate("station {1}: the height of {2} is {3} mm off"), {"S2", "S1", "12"})
-                  .ToUtf8(),
-              "S2", document);
+  report.Warn(
+      Fill(Xlate("station {1}: the height of {2} is {3} mm off"), {"S2", "S1", "12"}).ToUtf8(),
+      "S2", document);
   return report;
 }

@@ -133,7 +133,8 @@ TEST_P(EveryWindow, HasNumbersThatFingersChange) {
     for (auto* const box : view.findChildren<QSpinBox*>()) {
       if (!box->isVisibleTo(&view)) continue;
       const int before = box->value();
-      QTest::mouseClick(box, Qt::LeftButton, {}, {box->width() - shape.finger / 2, shape.finger / 2});
+      QTest::mouseClick(box, Qt::LeftButton, {},
+                        {box->width() - shape.finger / 2, shape.finger / 2});
       EXPECT_EQ(box->value(), before + 1) << box->objectName().toStdString();
       QTest::mouseClick(box, Qt::LeftButton, {},
                         {box->width() - shape.finger * 3 / 2, shape.finger / 2});

@@ -226,11 +226,12 @@ TEST_F(WholeWindow, GivesItsReferenceSystemToWhatComesLater) {
 TEST_F(WholeWindow, CopiesTheTreeAndTheTable) {
   window.OpenOrImport(folder.Write("field.jb2", e2e::SmallJb2()));
   window.GoTo({NodeKind::kStation, 0, 0});
+  auto& table = Find<QTableView>(window, "table");
+  table.setFocus();
   Trigger("copy");
   QString text = QGuiApplication::clipboard()->text();
   EXPECT_TRUE(text.startsWith("Name\tDescr.\tEast")) << text.toStdString();
   EXPECT_EQ(text.count('\n'), 3) << "titles and two points";
-  auto& table = Find<QTableView>(window, "table");
   table.selectRow(1);
   Trigger("copy");
   EXPECT_EQ(QGuiApplication::clipboard()->text().count('\n'), 2);

@@ -37,13 +37,15 @@ DialogView::DialogView(Dialog& dialog, const DialogShape& shape, PreviewSource* 
 
 DialogView::~DialogView() = default;
 
-// Where typing begins: at the first control that takes keys.
+// Where typing begins: at the first control that takes input.
 void DialogView::FocusFirst() {
   for (const Shown& shown : controls_) {
     QWidget* const widget = shown.control->Focus();
     const QWidget* const proxy = widget->focusProxy();
     const Qt::FocusPolicy policy = (proxy == nullptr ? widget : proxy)->focusPolicy();
-    if (!widget->isVisibleTo(this) || policy == Qt::NoFocus) continue;
+    const bool isInput =
+        shown.row->kind != ControlKind::kShown && shown.row->kind != ControlKind::kPress;
+    if (!isInput || !widget->isVisibleTo(this) || policy == Qt::NoFocus) continue;
     return widget->setFocus();
   }
 }

@@ -62,8 +62,8 @@ class Places : public Control {
   }
 
   void AddList(QVBoxLayout& layout) {
-    const bool isHandheld = host_.Shape().isHandheld;
-    list_ = new RowsList(isHandheld ? 4 : 10, host_.Shape());
+    const DialogShape& shape = host_.Shape();
+    list_ = new RowsList(!shape.isHandheld ? 10 : shape.isUpright ? 4 : 2, shape);
     list_->setObjectName("places");
     list_->setAccessibleName(isFile_ ? Translated(ToXlate("Files of the folder"))
                                      : Translated(ToXlate("Folders in the folder")));

@@ -26,9 +26,10 @@ void FormGrid::AddRow(QLabel* label, QWidget* widget, bool isWide, bool grows) {
   }
   grid_->addWidget(widget, row, lastColumn_, 1, kColumns - lastColumn_);
   if (grows) {
-    widget->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
-    grid_->setRowStretch(row, 1);
-    grows_ = true;
+    constexpr int kNearlyAll = 255;  // of what the last row gets 1
+    QSizePolicy policy(QSizePolicy::Expanding, QSizePolicy::Expanding);
+    policy.setVerticalStretch(kNearlyAll);
+    widget->setSizePolicy(policy);
   }
   last_ = widget;
 }
@@ -42,6 +43,4 @@ void FormGrid::AddBeside(QWidget* widget) {
   grid_->addWidget(widget, row, kBeside);
 }
 
-void FormGrid::End() {
-  if (!grows_) grid_->setRowStretch(grid_->rowCount(), 1);
-}
+void FormGrid::End() { grid_->setRowStretch(grid_->rowCount(), 1); }

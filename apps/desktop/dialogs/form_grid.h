@@ -18,13 +18,12 @@ class FormGrid {
   void AddRow(QLabel* label, QWidget* widget, bool isWide, bool grows);
   /// At the right of the last row's widget.
   void AddBeside(QWidget* widget);
-  /// After the last row: where none grows, what height is left stays below.
+  /// After the last row: where none that is seen grows, what height is left stays below.
   void End();
 
  private:
   QGridLayout* grid_;
   bool isNarrow_;
-  bool grows_ = false;
   QWidget* last_ = nullptr;
   int lastColumn_ = 0;
 };

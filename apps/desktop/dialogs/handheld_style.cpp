@@ -26,6 +26,7 @@ class HandheldStyle : public QProxyStyle {
       case PM_SmallIconSize:
       case PM_ListViewIconSize:
       case PM_TabBarIconSize:
+      case PM_TreeViewIndentation:
       case PM_ScrollBarExtent: return finger_ * 3 / 5;
       case PM_LargeIconSize:
       case PM_MessageBoxIconSize:

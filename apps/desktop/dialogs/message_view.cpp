@@ -58,10 +58,9 @@ MessageView::MessageView(const QString& caption, const QString& text, unsigned f
   setWindowModality(Qt::ApplicationModal);
   std::vector<std::string_view> labels = {ToXlate("OK")};
   if (IsQuestion()) labels = {ToXlate("Yes"), ToXlate("No")};
-  auto* const bar =
-      new ButtonBar(labels, shape.WithButtonsBelow(), [this](std::string_view label) {
-        Close(label == "OK" ? kAnswerOk : label == "Yes" ? kAnswerYes : kAnswerNo);
-      });
+  auto* const bar = new ButtonBar(labels, shape.WithButtonsBelow(), [this](std::string_view label) {
+    Close(label == "OK" ? kAnswerOk : label == "Yes" ? kAnswerYes : kAnswerNo);
+  });
   auto* const layout = new QVBoxLayout(this);
   auto* const contents = new QHBoxLayout;
   contents->setContentsMargins(layout->contentsMargins());

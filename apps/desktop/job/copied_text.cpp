@@ -14,7 +14,8 @@ QString Line(int columns, const CellAt& cellAt) {
 QString ShownText(const QTableView& table) {
   const QAbstractItemModel& model = *table.model();
   const int columns = model.columnCount();
-  QString text = Line(columns, [&](int column) { return model.headerData(column, Qt::Horizontal); });
+  QString text =
+      Line(columns, [&](int column) { return model.headerData(column, Qt::Horizontal); });
   const auto add = [&](int row) {
     text += Line(columns, [&](int column) { return model.index(row, column).data(); });
   };

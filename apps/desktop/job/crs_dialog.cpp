@@ -13,9 +13,7 @@ constexpr const char* kReferenceSystem = "ReferenceSystem";
 
 }  // namespace
 
-tdk::WString KeptReferenceSystem() {
-  return CIniFile().ReadString(kSection, kReferenceSystem, {});
-}
+tdk::WString KeptReferenceSystem() { return CIniFile().ReadString(kSection, kReferenceSystem, {}); }
 
 void KeepReferenceSystem(const tdk::WString& crs) {
   CIniFile().WriteString(kSection, kReferenceSystem, crs);

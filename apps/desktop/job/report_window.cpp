@@ -48,15 +48,14 @@ ReportWindow::ReportWindow(ExchangeReport report, const DialogShape& shape, QWid
   };
   connect(list, &QListWidget::itemClicked, list, go);
   connect(list, &QListWidget::itemActivated, list, go);
-  auto* const bar =
-      new ButtonBar({ToXlate("Copy"), ToXlate("Close")}, shape.WithButtonsBelow(),
-                    [this](std::string_view label) {
-                      if (label == "Close") {
-                        close();
-                      } else {
-                        QGuiApplication::clipboard()->setText(report_.AsText());
-                      }
-                    });
+  auto* const bar = new ButtonBar({ToXlate("Copy"), ToXlate("Close")}, shape.WithButtonsBelow(),
+                                  [this](std::string_view label) {
+                                    if (label == "Close") {
+                                      close();
+                                    } else {
+                                      QGuiApplication::clipboard()->setText(report_.AsText());
+                                    }
+                                  });
   bar->Button("Close")->setDefault(true);
   bar->Button("Close")->setFocus();
   auto* const layout = new QVBoxLayout(this);

@@ -30,8 +30,7 @@ void LayerList::Refill() {
   const QSignalBlocker quiet(this);
   clear();
   for (const PlanLayer& layer : view_.Model().Layers()) {
-    auto* const item =
-        new QListWidgetItem(IconOf(layer), QString::fromStdString(layer.name), this);
+    auto* const item = new QListWidgetItem(IconOf(layer), QString::fromStdString(layer.name), this);
     item->setFlags(item->flags() | Qt::ItemIsUserCheckable);
     item->setCheckState(layer.isVisible ? Qt::Checked : Qt::Unchecked);
   }

@@ -7,7 +7,7 @@
 namespace plan {
 namespace {
 
-constexpr int kIconSide = 16;  // pixels
+constexpr int kIconSide = 16;  // pixels, of the smallest
 
 QPolygonF Triangle(const QPointF& at, double half) {
   return QPolygonF({{at.x(), at.y() - half},
@@ -27,15 +27,15 @@ void PaintCross(QPainter& painter, const QPointF& at, double half) {
   painter.drawLine(QLineF(at.x(), at.y() - half, at.x(), at.y() + half));
 }
 
-// Sharp on screens of twice and three times as many pixels.
+// In several sizes, each sharp.
 QIcon Painted(const std::function<void(QPainter&)>& paint) {
   QIcon icon;
-  for (const int ratio : {1, 2, 3}) {
-    QPixmap picture(kIconSide * ratio, kIconSide * ratio);
-    picture.setDevicePixelRatio(ratio);
+  for (const int side : {kIconSide, 18, 20, 24, 28, 32, 48, 64}) {
+    QPixmap picture(side, side);
     picture.fill(Qt::transparent);
     QPainter painter(&picture);
     painter.setRenderHint(QPainter::Antialiasing);
+    painter.scale(static_cast<double>(side) / kIconSide, static_cast<double>(side) / kIconSide);
     paint(painter);
     painter.end();
     icon.addPixmap(picture);

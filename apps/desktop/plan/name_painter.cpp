@@ -51,7 +51,8 @@ QString Drawable(const std::string& text) {
 QStringList TextsOf(const plot::Mark& mark, bool names, bool codes) {
   const QString name = names ? Drawable(std::string(mark.point->NameUtf8())) : QString();
   const QString code = codes ? Drawable(mark.point->GetSecScri().ToUtf8()) : QString();
-  if (name.isEmpty() || code.isEmpty()) return name.isEmpty() ? QStringList{code} : QStringList{name};
+  if (name.isEmpty() || code.isEmpty())
+    return name.isEmpty() ? QStringList{code} : QStringList{name};
   return {name + ' ' + code, name};
 }
 
@@ -67,7 +68,11 @@ std::array<QRectF, 4> PlacesFor(const QPointF& at, double width, double height) 
 class NamePainter {
  public:
   NamePainter(const ViewWindow& view, QPainter& painter)
-      : room_(view), painter_(painter), metrics_(painter.font()) {}
+      : room_(view), painter_(painter), metrics_(painter.font()) {
+    // The scale bar's.
+    constexpr double kHigh = 34;
+    room_.Take({0, view.Height() - kHigh, view.Width() * 0.25 + 20, kHigh});
+  }
 
   void Occupy(const QPointF& at) {
     room_.Take(QRectF(at - QPointF(kSymbol / 2, kSymbol / 2), QSizeF(kSymbol, kSymbol)));

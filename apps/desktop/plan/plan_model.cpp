@@ -113,9 +113,8 @@ PlanModel::PlanModel(HostDocument& document) : content_(plot::ContentOf(document
 std::vector<const PlanLayer*> PlanModel::FromTheGround() const {
   std::vector<const PlanLayer*> layers;
   for (const PlanLayer& layer : layers_) layers.push_back(&layer);
-  std::stable_partition(layers.begin(), layers.end(), [](const PlanLayer* layer) {
-    return layer->kind == LayerKind::kTerrain;
-  });
+  std::stable_partition(layers.begin(), layers.end(),
+                        [](const PlanLayer* layer) { return layer->kind == LayerKind::kTerrain; });
   return layers;
 }
 

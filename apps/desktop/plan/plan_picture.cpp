@@ -13,8 +13,8 @@ namespace {
 
 constexpr std::size_t kMostSymbols = 3'000;
 constexpr qsizetype kMostSmooth = 4'000;  // legs whose edges are smoothed, which takes its time
-constexpr double kHalfSymbol = 4.5;  // pixels
-constexpr double kLeastLetters = 5;  // pixels: smaller texts are not legible
+constexpr double kHalfSymbol = 4.5;       // pixels
+constexpr double kLeastLetters = 5;       // pixels: smaller texts are not legible
 constexpr QRgb kCrowd = 0xFFE2E2E2;
 
 QPointF Point(const plot::Place& place) { return {place.x, place.y}; }
