@@ -24,43 +24,51 @@ std::string Sentence(const char* pattern, std::initializer_list<WString> argumen
   return Fill(Xlate(pattern), arguments).ToUtf8();
 }
 
-void TellResidual(const SetUpResult& setUp, const TargetResidual& it,
-                  std::vector<std::string>& lines) {
+void TellResidual(const SetUpResult& setUp, const TargetResidual& it, std::vector<Remark>& lines) {
   const WString station = Quoted(setUp.name);
   const WString target = Quoted(it.name);
+  const auto tell = [&](std::string text) { lines.push_back({std::move(text), it.name}); };
   if (it.directionStandsOut) {
     const char* const pattern =
         it.isUsed ? ToXlate("station {1}: the direction to {2} is {3} gon ({4} mm) off")
                   : ToXlate(
                         "station {1}: the direction to {2} is {3} gon ({4} mm) off and was "
                         "left out");
-    lines.push_back(Sentence(
-        pattern, {station, target, StringDaDouble(it.direction, 0, 4), Millimetres(it.across)}));
+    tell(Sentence(pattern,
+                  {station, target, StringDaDouble(it.direction, 0, 4), Millimetres(it.across)}));
   }
   if (it.alongStandsOut) {
-    lines.push_back(Sentence(ToXlate("station {1}: the distance to {2} is {3} mm off"),
-                             {station, target, Millimetres(it.along)}));
+    tell(Sentence(ToXlate("station {1}: the distance to {2} is {3} mm off"),
+                  {station, target, Millimetres(it.along)}));
   }
   if (it.heightStandsOut) {
-    lines.push_back(Sentence(ToXlate("station {1}: the height of {2} is {3} mm off"),
-                             {station, target, Millimetres(it.height)}));
+    tell(Sentence(ToXlate("station {1}: the height of {2} is {3} mm off"),
+                  {station, target, Millimetres(it.height)}));
   }
 }
 
-void TellRepeated(const survey::RepeatedPoint& it, std::vector<std::string>& lines) {
+void TellRepeated(const survey::RepeatedPoint& it, std::vector<Remark>& lines) {
   if (it.isAveraged) return;
   lines.push_back(
-      Sentence(ToXlate("point {1} was measured {2} times, {3} m apart in plan and {4} m "
-                       "in height: each keeps its own coordinates"),
-               {Quoted(it.name), Number(static_cast<std::size_t>(it.sights)), Metres(it.spread),
-                Metres(it.heightSpread)}));
+      {Sentence(ToXlate("point {1} was measured {2} times, {3} m apart in plan and {4} m "
+                        "in height: each keeps its own coordinates"),
+                {Quoted(it.name), Number(static_cast<std::size_t>(it.sights)), Metres(it.spread),
+                 Metres(it.heightSpread)}),
+       it.name});
 }
 
-void TellClash(const survey::KnownClash& it, std::vector<std::string>& lines) {
+void TellClash(const survey::KnownClash& it, std::vector<Remark>& lines) {
   lines.push_back(
-      Sentence(ToXlate("known point {1} has two places: {2} {3} is used, {4} {5} is not"),
-               {Quoted(it.name), Metres(it.used.x), Metres(it.used.y), Metres(it.other.x),
-                Metres(it.other.y)}));
+      {Sentence(ToXlate("known point {1} has two places: {2} {3} is used, {4} {5} is not"),
+                {Quoted(it.name), Metres(it.used.x), Metres(it.used.y), Metres(it.other.x),
+                 Metres(it.other.y)}),
+       it.name});
+}
+
+std::vector<std::string> TextsOf(const std::vector<Remark>& remarks) {
+  std::vector<std::string> texts;
+  for (const Remark& remark : remarks) texts.push_back(remark.text);
+  return texts;
 }
 
 // Stations and points that got coordinates.
@@ -105,20 +113,21 @@ std::vector<std::string> SummaryLines(const survey::SurveyResult& result) {
   return lines;
 }
 
-std::vector<std::string> Stranded(const survey::SurveyResult& result) {
-  std::vector<std::string> lines;
+std::vector<Remark> StrandedStations(const survey::SurveyResult& result) {
+  std::vector<Remark> lines;
   for (const JobResult& job : result.jobs) {
     for (const SetUpResult& setUp : job.setUps) {
       if (setUp.trouble == survey::SetUpTrouble::kNone || setUp.missing == 0) continue;
-      lines.push_back(Sentence(ToXlate("station {1} places no points: {2}"),
-                               {Quoted(setUp.name), WString(InWords(setUp.trouble))}));
+      lines.push_back({Sentence(ToXlate("station {1} places no points: {2}"),
+                                {Quoted(setUp.name), WString(InWords(setUp.trouble))}),
+                       setUp.name});
     }
   }
   return lines;
 }
 
-std::vector<std::string> Findings(const survey::SurveyResult& result) {
-  std::vector<std::string> lines;
+std::vector<Remark> WhatStandsOut(const survey::SurveyResult& result) {
+  std::vector<Remark> lines;
   for (const survey::KnownClash& it : result.clashes) TellClash(it, lines);
   for (const JobResult& job : result.jobs) {
     for (const SetUpResult& setUp : job.setUps) {
@@ -127,6 +136,14 @@ std::vector<std::string> Findings(const survey::SurveyResult& result) {
     for (const survey::RepeatedPoint& it : job.repeated) TellRepeated(it, lines);
   }
   return lines;
+}
+
+std::vector<std::string> Stranded(const survey::SurveyResult& result) {
+  return TextsOf(StrandedStations(result));
+}
+
+std::vector<std::string> Findings(const survey::SurveyResult& result) {
+  return TextsOf(WhatStandsOut(result));
 }
 
 std::string InWords(survey::SetUpMethod method) {

@@ -19,10 +19,19 @@ struct ComputationReport {
 /// begins of which nothing is known: a line each, none when there was nothing to compute.
 std::vector<std::string> SummaryLines(const survey::SurveyResult& result);
 
-/// Which stations place no points, and why.
+/// A sentence and the name of the station or point that it is about.
+struct Remark {
+  std::string text;
+  std::string about;
+};
+
+/// Which stations place no points, and why; and the same without names.
+std::vector<Remark> StrandedStations(const survey::SurveyResult& result);
 std::vector<std::string> Stranded(const survey::SurveyResult& result);
 
-/// What stands out: blunders, points that are not one, known points that contradict each other.
+/// What stands out: blunders, points that are not one, known points that contradict each other; and
+/// the same without names.
+std::vector<Remark> WhatStandsOut(const survey::SurveyResult& result);
 std::vector<std::string> Findings(const survey::SurveyResult& result);
 
 /// In one word or a few, translated.

@@ -1,7 +1,10 @@
 #include <QApplication>
 #include <QScreen>
 #include <cstdlib>
+#include <optional>
 
+#include "apps/desktop/dialogs/handheld_style.h"
+#include "apps/desktop/icons.h"
 #include "apps/desktop/main_window.h"
 #include "apps/desktop/qt_text.h"
 #include "apps/desktop/user_settings.h"
@@ -27,9 +30,22 @@ void StartLanguage() {
   }
 }
 
+// What can be said without a screen; nothing when windows are wanted.
+std::optional<std::string> TextFor(std::string_view word) {
+  if (word == "--version") return std::string("kalvio-desktop ") + KALVIO_VERSION + "\n";
+  if (word != "--help" && word != "-h") return std::nullopt;
+  return Xlate(
+             "Usage: kalvio-desktop [JOB|FILE]...\n\n"
+             "Opens a job folder or .json document and imports files into it. Without a word, a "
+             "new job.\n")
+      .ToUtf8();
+}
+
 int Run(QApplication& application) {
   const Module module;
-  MainWindow window(module, CPalmDevice::SelectIdDlgStd(QGuiApplication::primaryScreen()->size()));
+  const DialogShape shape = CPalmDevice::SelectIdDlgStd(QGuiApplication::primaryScreen()->size());
+  UseStyleFor(shape);
+  MainWindow window(module, shape);
   window.show();
   const QStringList words = application.arguments().mid(1);
   QMetaObject::invokeMethod(
@@ -44,15 +60,20 @@ int Run(QApplication& application) {
 }  // namespace
 
 int main(int argc, char** argv) {
+  QCoreApplication::setOrganizationName("Kalvio");
+  QCoreApplication::setApplicationName("kalvio-desktop");
+  QCoreApplication::setApplicationVersion(KALVIO_VERSION);
+  StartLanguage();
+  if (const auto text = argc > 1 ? TextFor(argv[1]) : std::nullopt) {
+    console::Out(*text);
+    return console::FinishOutput() ? 0 : exit_status::kFailed;
+  }
   QApplication application(argc, argv);
-  QApplication::setOrganizationName("Kalvio");
-  QApplication::setApplicationName("kalvio-desktop");
-  QApplication::setApplicationVersion(KALVIO_VERSION);
-  QApplication::setWindowIcon(QIcon::fromTheme("kalvio-desktop"));
+  QGuiApplication::setDesktopFileName("kalvio-desktop");
+  QApplication::setWindowIcon(ProgramIcon());
   LazyGeodesy::Install();
   CadFiles::Install();
   ShapeFiles::Install();
-  StartLanguage();
   try {
     return Run(application);
   } catch (const std::exception& error) {

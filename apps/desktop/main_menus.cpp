@@ -5,10 +5,12 @@
 #include <QDockWidget>
 #include <QMenu>
 #include <QMenuBar>
+#include <QToolBar>
+#include <QToolButton>
 #include <array>
 
+#include "apps/desktop/icons.h"
 #include "apps/desktop/main_window.h"
-#include "apps/desktop/plan/layer_list.h"
 #include "apps/desktop/plan/plan_view.h"
 #include "apps/desktop/qt_text.h"
 #include "apps/desktop/user_settings.h"
@@ -44,6 +46,7 @@ QAction* MainWindow::AddAction(QMenu& menu, const char* text, const char* name,
 
 // Anew for every language.
 void MainWindow::MakeMenus() {
+  if (tools_ != nullptr) tools_->clear();
   menuBar()->clear();
   qDeleteAll(menuBar()->findChildren<QMenu*>(QString(), Qt::FindDirectChildrenOnly));
   MakeJobMenu();
@@ -51,6 +54,57 @@ void MainWindow::MakeMenus() {
   MakeEditMenu();
   MakeViewMenu();
   MakeSettingsMenu();
+  MakeToolBar();
+}
+
+// What is used most, with icons; all of it stands in the menus as well.
+void MainWindow::MakeToolBar() {
+  constexpr std::pair<const char*, Picture> kTools[] = {{"new", Picture::kNew},
+                                                        {"openFolder", Picture::kOpen},
+                                                        {"save", Picture::kSave},
+                                                        {"", {}},
+                                                        {"menuImport", Picture::kImport},
+                                                        {"menuExport", Picture::kExport},
+                                                        {"", {}},
+                                                        {"undo", Picture::kUndo},
+                                                        {"compute", Picture::kCompute},
+                                                        {"", {}},
+                                                        {"fit", Picture::kFit},
+                                                        {"zoomIn", Picture::kZoomIn},
+                                                        {"zoomOut", Picture::kZoomOut}};
+  for (const auto& [name, picture] : kTools) {
+    if (auto* const menu = findChild<QMenu*>(name); *name != '\0' && menu != nullptr) {
+      AddTool(*menu, IconOf(picture));
+    } else if (auto* const action = findChild<QAction*>(name); *name != '\0') {
+      action->setIcon(IconOf(picture));
+      AddTool(*action);
+    } else if (tools_ != nullptr) {
+      tools_->addSeparator();
+    }
+  }
+}
+
+void MainWindow::AddTool(QAction& action) {
+  if (tools_ == nullptr) return;
+  tools_->addAction(&action);
+  QWidget* const button = tools_->widgetForAction(&action);
+  button->setAccessibleName(action.text());
+  button->setFocusPolicy(Qt::TabFocus);
+}
+
+// The menu bar shows the menu by its name alone.
+void MainWindow::AddTool(QMenu& menu, const QIcon& icon) {
+  if (tools_ == nullptr) return;
+  auto* const button = new QToolButton;
+  button->setText(menu.title().remove('&'));
+  button->setToolTip(button->text());
+  button->setAccessibleName(button->text());
+  button->setIcon(icon);
+  button->setMenu(&menu);
+  button->setPopupMode(QToolButton::InstantPopup);
+  button->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
+  button->setFocusPolicy(Qt::TabFocus);
+  tools_->addWidget(button);
 }
 
 void MainWindow::MakeJobMenu() {
@@ -65,8 +119,11 @@ void MainWindow::MakeJobMenu() {
   connect(recent, &QMenu::aboutToShow, this, [this, recent] {
     recent->clear();
     for (const QString& path : RecentJobs()) {
-      connect(recent->addAction(path), &QAction::triggered, this,
+      connect(recent->addAction(QString(path).replace('&', "&&")), &QAction::triggered, this,
               [this, path] { OpenOrImport(ToUtf8(path)); });
+    }
+    if (recent->isEmpty()) {
+      recent->addAction(Translated(ToXlate("No job was open yet")))->setEnabled(false);
     }
   });
   menu.addSeparator();
@@ -92,6 +149,8 @@ void MainWindow::MakeEditMenu() {
   undo_ = AddAction(menu, ToXlate("Undo the last import"), "undo", [this] { Undo(); });
   undo_->setShortcut(QKeySequence::Undo);
   menu.addSeparator();
+  AddAction(menu, ToXlate("Copy"), "copy", [this] { Copy(); })->setShortcut(QKeySequence::Copy);
+  menu.addSeparator();
   AddAction(menu, ToXlate("Work out coordinates"), "compute", [this] {
     Compute(false);
   })->setShortcut(Qt::Key_F9);
@@ -101,23 +160,19 @@ void MainWindow::MakeEditMenu() {
 
 void MainWindow::MakeViewMenu() {
   QMenu& menu = AddMenu(*menuBar(), ToXlate("&Plan"), "menuPlan");
-  AddAction(menu, ToXlate("Fit"), "fit", [this] { plan_->Fit(); });
+  AddAction(menu, ToXlate("Fit"), "fit", [this] {
+    plan_->Fit();
+  })->setShortcut(QKeySequence("Ctrl+0"));
   AddAction(menu, ToXlate("Zoom in"), "zoomIn", [this] {
     plan_->ZoomIn();
   })->setShortcut(QKeySequence::ZoomIn);
   AddAction(menu, ToXlate("Zoom out"), "zoomOut", [this] {
     plan_->ZoomOut();
   })->setShortcut(QKeySequence::ZoomOut);
-  auto* dock = findChild<QDockWidget*>("layers");
-  if (dock == nullptr) {
-    dock = new QDockWidget(this);
-    dock->setObjectName("layers");
-    dock->setWidget(new plan::LayerList(*plan_));
-    addDockWidget(Qt::RightDockWidgetArea, dock);
-    dock->setVisible(!shape_.isHandheld);
+  if (auto* const dock = findChild<QDockWidget*>("layersDock")) {
+    menu.addSeparator();
+    menu.addAction(dock->toggleViewAction());
   }
-  dock->setWindowTitle(Translated(ToXlate("Layers")));
-  menu.addAction(dock->toggleViewAction());
 }
 
 void MainWindow::MakeSettingsMenu() {

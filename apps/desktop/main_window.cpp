@@ -1,21 +1,20 @@
 #include "apps/desktop/main_window.h"
 
+#include <QClipboard>
 #include <QCloseEvent>
-#include <QDockWidget>
-#include <QHeaderView>
+#include <QGuiApplication>
+#include <QLabel>
 #include <QMimeData>
-#include <QSplitter>
 #include <QStatusBar>
 #include <QTableView>
 #include <QTreeView>
-#include <nlohmann/json.hpp>
 
 #include "apps/desktop/dialogs/qt_views.h"
 #include "apps/desktop/job/coordinates.h"
+#include "apps/desktop/job/copied_text.h"
 #include "apps/desktop/job/crs_dialog.h"
 #include "apps/desktop/job/exchange_runner.h"
 #include "apps/desktop/job/report_window.h"
-#include "apps/desktop/plan/layer_list.h"
 #include "apps/desktop/plan/plan_view.h"
 #include "apps/desktop/qt_text.h"
 #include "apps/desktop/user_settings.h"
@@ -23,9 +22,19 @@
 #include "job_session.h"
 #include "platform/paths.h"
 #include "services/file_dialog.h"
+#include "services/ini_file.h"
 #include "services/job_folder_dialog.h"
 #include "services/jobs_folder.h"
 #include "services/message_box.h"
+#include "services/number_text.h"
+
+namespace {
+
+// Where the host keeps the unit of angles.
+constexpr const char* kMeasures = "Misure";
+constexpr const char* kAngleUnit = "UnitaAngoli";
+
+}  // namespace
 
 MainWindow::MainWindow(const Module& module, const DialogShape& shape)
     : module_(module), shape_(shape) {
@@ -34,56 +43,16 @@ MainWindow::MainWindow(const Module& module, const DialogShape& shape)
   MakeViews();
   MakeMenus();
   job_.onLeaving = [this] { ShowNothing(); };
+  UseChosenAngleUnit();
   ShowJob();
-  constexpr QSize kUsual(1100, 720);
+  constexpr QSize kUsual(1180, 760);
   resize(shape.isHandheld ? shape.screen : kUsual);
+  if (!shape.isHandheld) RestoreWindow(*this);
 }
 
 MainWindow::~MainWindow() { job_.onLeaving = nullptr; }
 
 // ---- What is shown ----
-
-void MainWindow::MakeViews() {
-  treeView_ = new QTreeView;
-  treeView_->setObjectName("tree");
-  treeView_->setModel(&tree_);
-  treeView_->setHeaderHidden(true);
-  treeView_->setUniformRowHeights(true);
-  treeView_->setAccessibleName(Translated(ToXlate("The job as a tree")));
-  connect(treeView_->selectionModel(), &QItemSelectionModel::currentChanged, this,
-          [this](const QModelIndex& index) { ShowTable(tree_.NodeAt(index)); });
-
-  tableView_ = new QTableView;
-  tableView_->setObjectName("table");
-  tableView_->setModel(&table_);
-  tableView_->setSelectionBehavior(QAbstractItemView::SelectRows);
-  tableView_->setAccessibleName(Translated(ToXlate("What is chosen, as a table")));
-  tableView_->verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
-  connect(tableView_->selectionModel(), &QItemSelectionModel::currentChanged, this,
-          [this](const QModelIndex& index) {
-            if (!index.isValid()) return;
-            plan_->Highlight(PointOf(job_.Document(), table_.NodeAt(index.row())));
-          });
-
-  plan_ = new plan::PlanView;
-  plan_->setObjectName("plan");
-  plan_->setAccessibleName(Translated(ToXlate("The plan")));
-  connect(plan_, &plan::PlanView::Picked, this, [this](const plan::Found& found) {
-    statusBar()->showMessage(ToQt(found.text).replace('\n', "  "));
-    if (found.point != nullptr) GoTo(NodeOf(job_.Document(), *found.point));
-  });
-
-  auto* const right = new QSplitter(Qt::Vertical);
-  right->addWidget(plan_);
-  right->addWidget(tableView_);
-  right->setStretchFactor(0, 3);
-  right->setStretchFactor(1, 2);
-  auto* const all = new QSplitter;
-  all->addWidget(treeView_);
-  all->addWidget(right);
-  all->setStretchFactor(1, 1);
-  setCentralWidget(all);
-}
 
 void MainWindow::ShowJob() {
   tree_.Show(&job_.Document());
@@ -92,13 +61,27 @@ void MainWindow::ShowJob() {
   undo_->setEnabled(job_.CanUndo());
   const QString name = job_.Path() ? ToQt(*job_.Path()) : Translated(ToXlate("new job"));
   setWindowTitle(name + (job_.IsChanged() ? "* – " : " – ") + "Kalvio Exchange");
-  statusBar()->showMessage(ToQt(InWords(CountsOf(job_.Document()))));
+  counts_->setText(ToQt(InWords(CountsOf(job_.Document()))));
+  counts_->setToolTip(counts_->text());
+  statusBar()->clearMessage();
 }
 
 void MainWindow::ShowNothing() {
+  if (report_) report_->close();  // its objects go
   plan_->Clear();
   table_.Show(nullptr, {});
   tree_.Show(nullptr);
+}
+
+// A place is told to the millimetre, as the points are.
+void MainWindow::ShowPlace(double easting, double northing) {
+  place_->setText(Translated(ToXlate("E {1}  N {2}"),
+                             {StringDaDouble(easting, 0, 3), StringDaDouble(northing, 0, 3)}));
+}
+
+void MainWindow::ShowPicked(const plan::Found& found) {
+  statusBar()->showMessage(ToQt(found.text).replace('\n', "  "));
+  if (found.point != nullptr) GoTo(NodeOf(job_.Document(), *found.point));
 }
 
 void MainWindow::ShowTable(const JobNode& node) {
@@ -110,6 +93,7 @@ void MainWindow::ShowTable(const JobNode& node) {
 }
 
 void MainWindow::GoTo(const JobNode& node) {
+  if (RowOf(node) >= ChildCount(job_.Document(), ParentOf(node))) return;
   const QModelIndex index = tree_.IndexOf(node);
   treeView_->setCurrentIndex(index);
   treeView_->scrollTo(index);
@@ -155,6 +139,7 @@ bool MainWindow::MayLeave() {
 void MainWindow::NewJob() {
   if (!MayLeave()) return;
   job_.New();
+  UseChosenAngleUnit();
   ShowJob();
 }
 
@@ -232,6 +217,9 @@ void MainWindow::Run(const ExchangeCommand& command, const std::optional<std::st
     ExchangeRunner runner(job_, module_, this, shape_);
     report = runner.Run(command, path);
   });
+  if (const tdk::WString crs = KeptReferenceSystem(); command.isImport && !crs.IsEmpty()) {
+    CompletePositions(*job_.Document().GetLibGps(), crs);
+  }
   ShowJob();
   if (report) ShowReport(new ReportWindow(std::move(*report), shape_, this));
 }
@@ -240,6 +228,12 @@ void MainWindow::Undo() {
   Guarded([&] { job_.Undo(); });
   if (report_) report_->close();
   ShowJob();
+}
+
+// The tree when it is there that the user works, else the table.
+void MainWindow::Copy() {
+  QGuiApplication::clipboard()->setText(focusWidget() == treeView_ ? ShownText(*treeView_)
+                                                                   : ShownText(*tableView_));
 }
 
 void MainWindow::Compute(bool isAnew) {
@@ -256,11 +250,22 @@ void MainWindow::SetLanguageTo(const std::string& language) {
   SetLanguage(language);
   ChooseLanguage(language);
   MakeMenus();
+  NameViews();
   ShowJob();
 }
 
+// A job that has no unit of its own yet gets the one that was chosen last.
+void MainWindow::UseChosenAngleUnit() {
+  constexpr int kNone = -1;
+  const bool hasOwn = CIniFile().ReadLong(kMeasures, kAngleUnit, kNone) != kNone;
+  if (const auto chosen = ChosenAngleUnit(); chosen && !hasOwn) {
+    CIniFile().WriteLong(kMeasures, kAngleUnit, *chosen);
+  }
+}
+
 void MainWindow::SetAngleUnit(int unit) {
-  CIniFile().WriteLong("Misure", "UnitaAngoli", unit);
+  CIniFile().WriteLong(kMeasures, kAngleUnit, unit);
+  ChooseAngleUnit(unit);
   Guarded([&] { job_.KeepSettings(); });
   ShowJob();
 }
@@ -270,10 +275,14 @@ void MainWindow::AskReferenceSystem() {
   CWnd window(&views);
   CLibGps& gps = *job_.Document().GetLibGps();
   ReferenceSystemDialog dialog(&window, gps);
-  if (::ShowDialog(&window, dialog) != Dialog::kOk || dialog.Crs().IsEmpty()) return;
-  for (int i = 0; i < gps.GetGrpArSize(); ++i) gps.GetGrpAt(i)->SetCrs(dialog.Crs());
-  CompletePositions(gps, dialog.Crs());
-  if (gps.GetGrpArSize() > 0) job_.MarkChanged();
+  if (::ShowDialog(&window, dialog) != Dialog::kOk) return;
+  KeepReferenceSystem(dialog.Crs());
+  Guarded([&] { job_.KeepSettings(); });
+  if (!dialog.Crs().IsEmpty()) {
+    for (int i = 0; i < gps.GetGrpArSize(); ++i) gps.GetGrpAt(i)->SetCrs(dialog.Crs());
+    CompletePositions(gps, dialog.Crs());
+    if (gps.GetGrpArSize() > 0) job_.MarkChanged();
+  }
   ShowJob();
 }
 
@@ -281,6 +290,7 @@ void MainWindow::AskReferenceSystem() {
 
 void MainWindow::closeEvent(QCloseEvent* event) {
   if (MayLeave()) {
+    if (!shape_.isHandheld) KeepWindow(*this);
     event->accept();
   } else {
     event->ignore();

@@ -13,14 +13,17 @@
 #include "apps/desktop/job/job_tree.h"
 #include "module.h"
 
-class QActionGroup;
-class QSplitter;
+class QLabel;
 class QTableView;
+class QTabWidget;
+class QToolBar;
 class QTreeView;
 class ReportWindow;
 namespace plan {
+class LayerList;
 class PlanView;
-}
+struct Found;
+}  // namespace plan
 
 class MainWindow : public QMainWindow {
  public:
@@ -46,6 +49,15 @@ class MainWindow : public QMainWindow {
 
  private:
   void MakeViews();
+  void MakeTree();
+  void MakeTable();
+  void MakePlan();
+  void MakeDesktopLayout();
+  void MakeHandheldLayout();
+  void NameViews();
+  void MakeToolBar();
+  void AddTool(QAction& action);
+  void AddTool(QMenu& menu, const QIcon& icon);
   void MakeMenus();
   void MakeJobMenu();
   void MakeExchangeMenus();
@@ -55,6 +67,8 @@ class MainWindow : public QMainWindow {
   QAction* AddAction(QMenu& menu, const char* text, const char* name, std::function<void()> action);
 
   void ShowNothing();
+  void ShowPicked(const plan::Found& found);
+  void ShowPlace(double easting, double northing);
   void ShowTable(const JobNode& node);
   void ShowReport(ReportWindow* report);
   bool MayLeave();
@@ -68,8 +82,10 @@ class MainWindow : public QMainWindow {
   std::optional<std::string> AskForFolder();
   std::optional<std::string> AskForDocument(bool isOpen);
   void Undo();
+  void Copy();
   void Compute(bool isAnew);
   void SetLanguageTo(const std::string& language);
+  void UseChosenAngleUnit();
   void SetAngleUnit(int unit);
   void AskReferenceSystem();
 
@@ -81,6 +97,11 @@ class MainWindow : public QMainWindow {
   QTreeView* treeView_ = nullptr;
   QTableView* tableView_ = nullptr;
   plan::PlanView* plan_ = nullptr;
+  plan::LayerList* layers_ = nullptr;
+  QTabWidget* pages_ = nullptr;  // of a handheld, which shows one view at a time
+  QToolBar* tools_ = nullptr;
+  QLabel* counts_ = nullptr;  // what there is
+  QLabel* place_ = nullptr;   // where the pointer is
   QAction* undo_ = nullptr;
   QPointer<QDialog> report_;
 };

@@ -9,6 +9,9 @@ namespace {
 
 constexpr const char* kRecent = "recentJobs";
 constexpr const char* kLanguage = "language";
+constexpr const char* kAngleUnit = "angleUnit";
+constexpr const char* kGeometry = "window/geometry";
+constexpr const char* kState = "window/state";
 
 }  // namespace
 
@@ -27,4 +30,24 @@ std::string ChosenLanguage() { return ToUtf8(QSettings().value(kLanguage).toStri
 
 void ChooseLanguage(const std::string& language) {
   QSettings().setValue(kLanguage, ToQt(language));
+}
+
+std::optional<int> ChosenAngleUnit() {
+  bool isNumber = false;
+  const int unit = QSettings().value(kAngleUnit).toInt(&isNumber);
+  return isNumber ? std::optional(unit) : std::nullopt;
+}
+
+void ChooseAngleUnit(int unit) { QSettings().setValue(kAngleUnit, unit); }
+
+void KeepWindow(const QMainWindow& window) {
+  QSettings settings;
+  settings.setValue(kGeometry, window.saveGeometry());
+  settings.setValue(kState, window.saveState());
+}
+
+void RestoreWindow(QMainWindow& window) {
+  const QSettings settings;
+  window.restoreGeometry(settings.value(kGeometry).toByteArray());
+  window.restoreState(settings.value(kState).toByteArray());
 }

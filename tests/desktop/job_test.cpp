@@ -190,6 +190,20 @@ TEST_F(JobModels, AWarningLeadsToTheObjectThatItNames) {
   EXPECT_EQ(report.AsText().count('\n'), 4);
 }
 
+TEST(Report, FindsAPointByItsName) {
+  HostDocument document;
+  document.GetLibCmp()->AddJob(true);
+  document.GetLibCmp()->AddSta(0, true)->SetNome("S1");
+  document.GetLibCmp()->AddPun(0, 0, true)->SetNome("P1");
+  document.GetLibPnt()->AddGrp(true);
+  document.GetLibPnt()->AddPtn(0, true)->SetNome("K1");
+  ExchangeReport report;
+  for (const char* const name : {"P1", "K1", "none"}) report.Warn("text", name, document);
+  EXPECT_EQ(report.lines[0].object, (JobNode{NodeKind::kPoint, 0, 0, 0}));
+  EXPECT_EQ(report.lines[1].object, (JobNode{NodeKind::kKnownPoint, 0, 0}));
+  EXPECT_FALSE(report.lines[2].object.has_value());
+}
+
 TEST(ExchangeCommands, AreFunctionsOfTheModule) {
   for (const ExchangeCommand& command : ExchangeTable()) {
     if (command.function == nullptr) continue;

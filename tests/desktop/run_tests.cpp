@@ -1,5 +1,5 @@
-// The tests of the desktop, without a screen. With --screenshots FOLDER: pictures of its windows
-// instead.
+// The tests of the desktop, without a screen. With --screenshots FOLDER [JOB…]: pictures of its
+// windows instead.
 #include <gtest/gtest.h>
 
 #include <QApplication>
@@ -24,6 +24,8 @@ int main(int argc, char** argv) {
   CadFiles::Install();
   ShapeFiles::Install();
   const QStringList words = QApplication::arguments();
-  if (words.size() == 3 && words[1] == "--screenshots") return TakeScreenshots(words[2]);
+  if (words.size() >= 3 && words[1] == "--screenshots") {
+    return TakeScreenshots(words[2], words.mid(3));
+  }
   return RUN_ALL_TESTS();
 }

@@ -3,9 +3,11 @@
 #include <QApplication>
 #include <QDir>
 #include <QFile>
+#include <QTabWidget>
 #include <array>
 
 #include "apps/desktop/dialogs/dialog_view.h"
+#include "apps/desktop/dialogs/handheld_style.h"
 #include "apps/desktop/dialogs/message_view.h"
 #include "apps/desktop/dialogs/wait_view.h"
 #include "apps/desktop/job/report_window.h"
@@ -13,6 +15,7 @@
 #include "module.h"
 #include "services/translate.h"
 #include "tests/desktop/every_dialog.h"
+#include "tests/desktop/example_site.h"
 #include "tests/desktop/screenshots_job.h"
 
 namespace {
@@ -76,17 +79,34 @@ void TakeOthers(Camera& camera, const DialogShape& shape, const QString& end) {
 
 void TakeMain(Camera& camera, const Module& module, const DialogShape& shape, const QString& end) {
   MainWindow window(module, shape);
-  FillExample(window.Job().Document());
+  camera.Take(window, "30-empty-" + end);
+  FillSite(window.Job().Document());
   window.ShowJob();
-  window.GoTo({NodeKind::kStation, 0, 0});
-  camera.Take(window, "30-main-" + end);
+  window.GoTo({NodeKind::kStation, 0, 1});
+  camera.Take(window, "31-main-" + end);
+  if (auto* const pages = window.findChild<QTabWidget*>("pages")) {
+    for (int page = 1; page < pages->count(); ++page) {
+      pages->setCurrentIndex(page);
+      camera.Take(window, QString("31-main-page%1-").arg(page + 1) + end);
+    }
+  }
   auto* const report = new ReportWindow(ExampleReport(window.Job().Document()), shape, &window);
-  camera.Take(*report, "31-report-" + end);
+  camera.Take(*report, "32-report-" + end);
+}
+
+// Jobs that the user named, as the main window shows them.
+void TakeJobs(Camera& camera, const Module& module, const QStringList& jobs) {
+  for (qsizetype i = 0; i < jobs.size(); ++i) {
+    MainWindow window(module, DialogShape{});
+    window.show();
+    window.OpenJob(jobs[i].toStdString());
+    camera.Take(window, QString("40-job-%1").arg(i + 1));
+  }
 }
 
 }  // namespace
 
-int TakeScreenshots(const QString& folder) {
+int TakeScreenshots(const QString& folder, const QStringList& jobs) {
   const Module module;
   Camera camera(folder);
   for (const char* const language : {"en", "it"}) {
@@ -95,10 +115,13 @@ int TakeScreenshots(const QString& folder) {
       const DialogShape shape = CPalmDevice::SelectIdDlgStd(screen);
       const QString end =
           QString("%1x%2-%3").arg(screen.width()).arg(screen.height()).arg(language);
+      UseStyleFor(shape);
       TakeDialogs(camera, shape, end);
       TakeOthers(camera, shape, end);
       TakeMain(camera, module, shape, end);
     }
   }
+  SetLanguage("en");
+  TakeJobs(camera, module, jobs);
   return camera.HasFailed() ? 1 : 0;
 }

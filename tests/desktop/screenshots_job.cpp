@@ -5,6 +5,7 @@
 #include <fstream>
 
 #include "apps/desktop/qt_text.h"
+#include "counts.h"
 
 namespace {
 
@@ -44,7 +45,7 @@ void AddKnown(CLibPnt& library) {
 
 std::string ExampleFolder() {
   namespace fs = std::filesystem;
-  const fs::path folder = "/tmp/kalvio-example/survey";
+  const fs::path folder = fs::temp_directory_path() / "kalvio-example/survey";
   for (const char* const name : {"2025", "2026"}) fs::create_directories(folder / name);
   for (const char* const name : {"wall.jb2", "traverse.jb2", "plan.dxf"}) {
     std::ofstream(folder / name) << '\n';
@@ -61,9 +62,11 @@ void FillExample(HostDocument& document) {
 
 ExchangeReport ExampleReport(HostDocument& document) {
   ExchangeReport report{Translated("JB2 file import"), {}};
-  report.Tell(ToQt(ExampleFolder() + "/wall.jb2"));
-  report.Tell(Translated("came in: {1}", {"1, 2, 48"}));
-  report.Tell(Translated("new: {1}: {2}", {Xlate("Jobs"), "WALL"}), JobNode{NodeKind::kJob});
-  report.Warn(Fill(Xlate("line {1}: {2}"), {"17", "WALL \"S2\""}).ToUtf8(), document);
+  report.Tell(ToQt(ExampleFolder() + "/roma.jb2"));
+  report.Tell(Translated("came in: {1}", {tdk::WString(InWords(CountsOf(document) - Counts{}))}));
+  report.Tell(Translated("new: {1}: {2}", {Xlate("Jobs"), "VIA ROMA"}), JobNode{NodeKind::kJob});
+  report.Warn(
+      Fill(Xlate("station {1}: the height of {2} is {3} mm off"), {"S2", "S1", "12"}).ToUtf8(),
+      "S2", document);
   return report;
 }

@@ -1,4 +1,4 @@
-// The job that pictures are taken of.
+// A small job, and what pictures of dialogs and reports show.
 #pragma once
 
 #include <string>

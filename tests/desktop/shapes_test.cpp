@@ -7,6 +7,7 @@
 #include <set>
 
 #include "apps/desktop/dialogs/dialog_view.h"
+#include "apps/desktop/dialogs/handheld_style.h"
 #include "apps/desktop/dialogs/message_view.h"
 #include "apps/desktop/dialogs/mnemonics.h"
 #include "module.h"
@@ -26,8 +27,14 @@ struct Look {
 
 class EveryWindow : public testing::TestWithParam<Look> {
  protected:
-  EveryWindow() { SetLanguage(GetParam().language); }
-  ~EveryWindow() override { SetLanguage("en"); }
+  EveryWindow() {
+    SetLanguage(GetParam().language);
+    UseStyleFor(shape);
+  }
+  ~EveryWindow() override {
+    SetLanguage("en");
+    UseStyleFor({});
+  }
 
   /// Calls `check` with each dialog's window, shown.
   void ForEach(const std::function<void(DialogView&)>& check) {
@@ -117,6 +124,40 @@ TEST_P(EveryWindow, HasControlsForFingers) {
     for (QWidget* const input : Inputs(view)) {
       EXPECT_GE(input->height(), shape.finger) << input->objectName().toStdString();
     }
+  });
+}
+
+TEST_P(EveryWindow, HasNumbersThatFingersChange) {
+  if (!shape.isHandheld) GTEST_SKIP() << "a desktop has a mouse";
+  ForEach([&](DialogView& view) {
+    for (auto* const box : view.findChildren<QSpinBox*>()) {
+      if (!box->isVisibleTo(&view)) continue;
+      const int before = box->value();
+      QTest::mouseClick(box, Qt::LeftButton, {},
+                        {box->width() - shape.finger / 2, shape.finger / 2});
+      EXPECT_EQ(box->value(), before + 1) << box->objectName().toStdString();
+      QTest::mouseClick(box, Qt::LeftButton, {},
+                        {box->width() - shape.finger * 3 / 2, shape.finger / 2});
+      EXPECT_EQ(box->value(), before) << box->objectName().toStdString();
+    }
+  });
+}
+
+TEST_P(EveryWindow, TellsItsTitle) {
+  ForEach([&](DialogView& view) {
+    const auto* const title = view.findChild<QLabel*>("title");
+    EXPECT_EQ(title != nullptr, shape.isHandheld) << "a desktop has frames";
+    if (title == nullptr) return;
+    EXPECT_EQ(title->text(), view.windowTitle());
+  });
+}
+
+TEST_P(EveryWindow, BeginsAtAControl) {
+  ForEach([&](DialogView& view) {
+    ASSERT_NE(view.focusWidget(), nullptr);
+    EXPECT_TRUE(Inputs(view).contains(view.focusWidget()) ||
+                qobject_cast<QAbstractSpinBox*>(view.focusWidget()->parentWidget()) != nullptr)
+        << view.focusWidget()->objectName().toStdString();
   });
 }
 

@@ -1,16 +1,22 @@
 // The whole program: a window, its menus, the module, files.
 #include <QAction>
 #include <QClipboard>
+#include <QLabel>
 #include <QMimeData>
+#include <QTabWidget>
 #include <QTableView>
+#include <QToolBar>
+#include <QToolButton>
 #include <QTreeView>
 
+#include "apps/desktop/dialogs/handheld_style.h"
 #include "apps/desktop/job/report_window.h"
 #include "apps/desktop/main_window.h"
 #include "apps/desktop/plan/plan_view.h"
 #include "apps/desktop/qt_text.h"
 #include "apps/desktop/user_settings.h"
 #include "services/jobs_folder.h"
+#include "services/measure_system.h"
 #include "tests/desktop/driver.h"
 #include "tests/run_kalvio.h"
 #include "tests/support/temporary_folder.h"
@@ -196,6 +202,102 @@ TEST_F(WholeWindow, ShowsAnglesInTheChosenUnit) {
   window.GoTo({NodeKind::kStation, 0, 0});
   EXPECT_NE(table.model()->index(0, 6).data().toString(), gon);
   EXPECT_TRUE(table.model()->index(0, 6).data().toString().contains(QChar(0xb0)));
+  Trigger("angle.0");
+}
+
+TEST_F(WholeWindow, KeepsTheUnitOfAnglesForNewJobs) {
+  Trigger("angle.1");
+  Trigger("new");
+  EXPECT_EQ(static_cast<int>(CMeasureSystem::GetAngleUnit()), 1);
+  Trigger("angle.0");
+}
+
+TEST_F(WholeWindow, GivesItsReferenceSystemToWhatComesLater) {
+  driver.Then({{"crs", "EPSG:32632"}});
+  Trigger("referenceSystem");
+  window.OpenOrImport(KALVIO_SAMPLES "/gps.jb3");
+  CLibGps& gps = *window.Job().Document().GetLibGps();
+  ASSERT_GT(gps.GetGrpArSize(), 0);
+  EXPECT_EQ(gps.GetGrpAt(0)->GetCrs().ToUtf8(), "EPSG:32632");
+  ASSERT_GT(gps.GetPunArSize(0), 0);
+  EXPECT_TRUE(IsDefined(gps.GetPunAt(0, 0)->GetCoordX()));
+}
+
+TEST_F(WholeWindow, CopiesTheTreeAndTheTable) {
+  window.OpenOrImport(folder.Write("field.jb2", e2e::SmallJb2()));
+  window.GoTo({NodeKind::kStation, 0, 0});
+  auto& table = Find<QTableView>(window, "table");
+  table.setFocus();
+  Trigger("copy");
+  QString text = QGuiApplication::clipboard()->text();
+  EXPECT_TRUE(text.startsWith("Name\tDescr.\tEast")) << text.toStdString();
+  EXPECT_EQ(text.count('\n'), 3) << "titles and two points";
+  table.selectRow(1);
+  Trigger("copy");
+  EXPECT_EQ(QGuiApplication::clipboard()->text().count('\n'), 2);
+  window.activateWindow();
+  Find<QTreeView>(window, "tree").setFocus();
+  Trigger("copy");
+  text = QGuiApplication::clipboard()->text();
+  EXPECT_TRUE(text.startsWith("Jobs (1)\n\t")) << text.toStdString();
+  EXPECT_TRUE(text.contains("\n\t\tS1 (2)\n")) << text.toStdString();
+}
+
+TEST_F(WholeWindow, AReportGoesWithTheJobThatItIsAbout) {
+  window.OpenOrImport(folder.Write("field.jb2", e2e::SmallJb2()));
+  EXPECT_NE(Report(), "");
+  driver.Answer("Yes");
+  Trigger("new");
+  QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+  EXPECT_EQ(Report(), "");
+}
+
+TEST_F(WholeWindow, TellsThePathOfAnImage) {
+  window.OpenOrImport(folder.Write("site.png", "no picture"));
+  EXPECT_TRUE(Report().contains("site.png")) << Report().toStdString();
+  EXPECT_TRUE(Report().contains("path of an image only")) << Report().toStdString();
+  EXPECT_FALSE(window.Job().IsChanged());
+}
+
+TEST_F(WholeWindow, LeadsFromThePlanToThePoint) {
+  window.Job().Document().GetLibPnt()->AddGrp(true);
+  window.Job().Document().GetLibPnt()->AddPtn(0, true)->SetNomCoord("P7", "c", 10, 20, 3);
+  window.ShowJob();
+  auto& plan = static_cast<plan::PlanView&>(Find<QWidget>(window, "plan"));
+  const plot::Place at = plan.Window().ToPixels({10, 20});
+  QTest::mouseClick(&plan, Qt::LeftButton, {}, {static_cast<int>(at.x), static_cast<int>(at.y)});
+  EXPECT_EQ(TreeText(Find<QTreeView>(window, "tree").currentIndex()), "P7");
+  QTest::mouseMove(&plan, {static_cast<int>(at.x), static_cast<int>(at.y)});
+  EXPECT_TRUE(Find<QLabel>(window, "place").text().startsWith("E "));
+}
+
+TEST_F(WholeWindow, HasATextForEveryTool) {
+  for (auto* const button : window.findChild<QToolBar*>("tools")->findChildren<QToolButton*>()) {
+    if (button->objectName() == "qt_toolbar_ext_button") continue;
+    EXPECT_FALSE(button->accessibleName().isEmpty());
+    EXPECT_FALSE(button->icon().isNull()) << button->accessibleName().toStdString();
+    EXPECT_FALSE(button->toolTip().isEmpty());
+  }
+}
+
+TEST(HandheldWindow, ShowsOneViewAtATime) {
+  const Module module;
+  const DialogShape shape = CPalmDevice::SelectIdDlgStd({240, 320});
+  UseStyleFor(shape);
+  {
+    MainWindow window(module, shape);
+    window.show();
+    EXPECT_EQ(window.size(), shape.screen);
+    auto& pages = Find<QTabWidget>(window, "pages");
+    ASSERT_EQ(pages.count(), 4);
+    for (int page = 0; page < pages.count(); ++page) {
+      pages.setCurrentIndex(page);
+      EXPECT_TRUE(pages.widget(page)->isVisible());
+      EXPECT_FALSE(pages.tabIcon(page).isNull());
+      EXPECT_FALSE(pages.tabToolTip(page).isEmpty());
+    }
+  }
+  UseStyleFor({});
 }
 
 TEST_F(WholeWindow, SetsTheReferenceSystemOfGpsGroups) {

@@ -14,6 +14,11 @@ namespace {
 [[maybe_unused]] constexpr std::array kLabels = {ToXlate("OK"), ToXlate("Cancel"),
                                                  ToXlate("Select All"), ToXlate("Deselect All")};
 
+bool IsOnContents(const QPushButton& button) {
+  const QString name = button.objectName();
+  return name == "Select All" || name == "Deselect All" || name == "Copy";
+}
+
 }  // namespace
 
 ButtonBar::ButtonBar(const std::vector<std::string_view>& labels, const DialogShape& shape,
@@ -38,30 +43,35 @@ QPushButton* ButtonBar::Button(std::string_view label) const {
 }
 
 void ButtonBar::LayOut(const DialogShape& shape) {
-  if (shape.isHandheld && shape.isUpright) return LayOutInRows(shape.screen.width());
-  QBoxLayout* layout = nullptr;
-  if (shape.isHandheld) {
-    layout = new QVBoxLayout(this);
-  } else {
-    layout = new QHBoxLayout(this);
-    layout->addStretch();
-  }
-  layout->setContentsMargins(0, 0, 0, 0);
+  if (!shape.isHandheld) return LayOutOnDesktop();
+  if (shape.isUpright) return LayOutInRows(shape.screen.width());
+  auto* const layout = new QVBoxLayout(this);
   for (QPushButton* const button : buttons_) layout->addWidget(button);
-  if (shape.isHandheld) layout->addStretch();
+  layout->addStretch();
+}
+
+void ButtonBar::LayOutOnDesktop() {
+  auto* const layout = new QHBoxLayout(this);
+  layout->setContentsMargins(0, 0, 0, 0);
+  for (QPushButton* const button : buttons_) {
+    if (IsOnContents(*button)) layout->addWidget(button);
+  }
+  layout->addStretch();
+  for (QPushButton* const button : buttons_) {
+    if (!IsOnContents(*button)) layout->addWidget(button);
+  }
 }
 
 // As many in a row as find room.
 void ButtonBar::LayOutInRows(int width) {
   auto* const layout = new QVBoxLayout(this);
-  layout->setContentsMargins(0, 0, 0, 0);
-  constexpr int kMargin = 12;
+  const int margins = layout->contentsMargins().left() + layout->contentsMargins().right();
   QHBoxLayout* row = nullptr;
   int used = 0;
   for (QPushButton* const button : buttons_) {
     button->ensurePolished();
     const int wanted = button->sizeHint().width() + layout->spacing();
-    if (row == nullptr || used + wanted > width - kMargin) {
+    if (row == nullptr || used + wanted > width - margins) {
       row = new QHBoxLayout;
       layout->addLayout(row);
       used = 0;

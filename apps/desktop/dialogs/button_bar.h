@@ -9,7 +9,8 @@
 #include "apps/desktop/dialogs/dialog_shape.h"
 
 /// Buttons for the labels (untranslated, which are also their object names): in a line to the right
-/// on a desktop; on a handheld in rows as wide as the screen, or below each other at its side.
+/// on a desktop, those that work on the contents to the left; on a handheld in rows as wide as the
+/// screen, or below each other at its side.
 class ButtonBar : public QWidget {
  public:
   ButtonBar(const std::vector<std::string_view>& labels, const DialogShape& shape,
@@ -19,6 +20,7 @@ class ButtonBar : public QWidget {
 
  private:
   void LayOut(const DialogShape& shape);
+  void LayOutOnDesktop();
   void LayOutInRows(int width);
 
   std::vector<QPushButton*> buttons_;

@@ -28,6 +28,7 @@ class Columns : public Control {
       return;
     }
     auto* const tabs = new QTabWidget;
+    tabs->setDocumentMode(host.Shape().isHandheld);
     for (int page = 0; page < row.pages; ++page) {
       const int first = page * kColumnsOfAPage;
       tabs->addTab(NewPage(first), TitleOf(first + 1, first + kColumnsOfAPage));
@@ -61,7 +62,7 @@ class Columns : public Control {
   QWidget* NewPage(int first) {
     auto* const page = new QWidget;
     auto* const grid = new QGridLayout(page);
-    if (row_.pages == 1) grid->setContentsMargins(0, 0, 0, 0);
+    if (row_.pages == 1 || host_.Shape().isHandheld) grid->setContentsMargins(0, 0, 0, 0);
     grid->addWidget(NewHead(row_.label), 0, 1);
     if (row_.numbers != nullptr) grid->addWidget(NewHead(row_.numberLabel), 0, 2);
     for (int i = 0; i < kColumnsOfAPage; ++i) AddColumn(*grid, first + i, i + 1);

@@ -46,6 +46,8 @@ class Control {
   virtual bool Grows() const { return false; }
   /// Shows `state`; nothing that happens here comes back as input.
   virtual void Refresh(const DialogState& state) = 0;
+  /// Whether there is anything to show, as of the last Refresh.
+  virtual bool HasContents() const { return true; }
 };
 
 /// `row` must outlive the control, and so must `host`.

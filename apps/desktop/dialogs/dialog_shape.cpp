@@ -16,6 +16,12 @@ constexpr std::array kScreens = {ScreenRow{400, 300, 30, 12}, ScreenRow{680, 500
 
 }  // namespace
 
+DialogShape DialogShape::WithButtonsBelow() const {
+  DialogShape shape = *this;
+  shape.isUpright = true;
+  return shape;
+}
+
 DialogShape CPalmDevice::SelectIdDlgStd(QSize screen) {
   const int longSide = std::max(screen.width(), screen.height());
   const int shortSide = std::min(screen.width(), screen.height());

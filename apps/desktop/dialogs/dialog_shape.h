@@ -10,6 +10,9 @@ struct DialogShape {
   int finger = 0;           ///< pixels that a control is high at least; 0: as the desktop has it
   int text = 0;             ///< pixels of the letters; 0: as the desktop has it
   QSize screen;             ///< of a handheld, pixels
+
+  /// The same with its buttons below, for windows that have little else.
+  DialogShape WithButtonsBelow() const;
 };
 
 /// The host's way to tell devices apart.

@@ -1,18 +1,27 @@
 #include "apps/desktop/dialogs/dialog_view.h"
 
-#include <QFormLayout>
 #include <QGroupBox>
 #include <QLabel>
 #include <QScrollArea>
-#include <QSpinBox>
 #include <QVBoxLayout>
 #include <algorithm>
 #include <nlohmann/json.hpp>
 
 #include "apps/desktop/dialogs/button_bar.h"
+#include "apps/desktop/dialogs/form_grid.h"
 #include "apps/desktop/dialogs/handheld_style.h"
 #include "apps/desktop/dialogs/mnemonics.h"
 #include "apps/desktop/qt_text.h"
+
+namespace {
+
+QGroupBox* NewFrame(const char* text) {
+  auto* const frame = new QGroupBox;
+  SetPlainText(frame, Translated(text));
+  return frame;
+}
+
+}  // namespace
 
 DialogView::DialogView(Dialog& dialog, const DialogShape& shape, PreviewSource* preview,
                        QWidget* parent)
@@ -20,29 +29,38 @@ DialogView::DialogView(Dialog& dialog, const DialogShape& shape, PreviewSource* 
   setObjectName(ToQt(dialog.Name()));
   setWindowTitle(ToQt(dialog.Title()));
   setWindowModality(Qt::ApplicationModal);
-  DressForHandheld(*this, shape);
   AddButtons(*NewBody());
   Refresh();
   AssignMnemonics(this);
-  if (!controls_.empty()) controls_.front().control->Focus()->setFocus();
+  FocusFirst();
 }
 
 DialogView::~DialogView() = default;
 
+// Where typing begins: at the first control that takes input.
+void DialogView::FocusFirst() {
+  for (const Shown& shown : controls_) {
+    QWidget* const widget = shown.control->Focus();
+    const QWidget* const proxy = widget->focusProxy();
+    const Qt::FocusPolicy policy = (proxy == nullptr ? widget : proxy)->focusPolicy();
+    const bool isInput =
+        shown.row->kind != ControlKind::kShown && shown.row->kind != ControlKind::kPress;
+    if (!isInput || !widget->isVisibleTo(this) || policy == Qt::NoFocus) continue;
+    return widget->setFocus();
+  }
+}
+
 QWidget* DialogView::NewBody() {
   auto* const body = new QWidget;
-  auto* const form = new QFormLayout(body);
-  form->setFieldGrowthPolicy(QFormLayout::AllNonFixedFieldsGrow);
-  if (shape_.isHandheld) {
-    constexpr int kMargin = 4;
-    form->setRowWrapPolicy(QFormLayout::WrapAllRows);
-    form->setContentsMargins(kMargin / 2, kMargin, kMargin / 2, kMargin);
-    form->setVerticalSpacing(kMargin);
-  }
-  if (const DialogRow* const row = FindDialogRow(dialog_.Name())) {
-    for (const ControlRow& control : row->controls) AddControl(control, *form);
-  }
-  if (!shape_.isHandheld) return body;
+  if (const DialogRow* const row = FindDialogRow(dialog_.Name())) AddControls(row->controls, body);
+  if (shape_.isHandheld) return Scrolling(body);
+  constexpr int kLetters = 66;  // so that a path can be read
+  body->setMinimumWidth(fontMetrics().averageCharWidth() * kLetters);
+  body->layout()->setContentsMargins(0, 0, 0, 0);
+  return body;
+}
+
+QWidget* DialogView::Scrolling(QWidget* body) const {
   auto* const scroll = new QScrollArea;
   scroll->setWidget(body);
   scroll->setWidgetResizable(true);
@@ -51,46 +69,51 @@ QWidget* DialogView::NewBody() {
   return scroll;
 }
 
-QFormLayout* DialogView::FormOf(const ControlRow& row, QFormLayout& body, QGroupBox*& frame) {
-  if (*row.group == '\0') return &body;
-  if (!controls_.empty() && controls_.back().frame != nullptr &&
-      std::string_view(controls_.back().row->group) == row.group) {
-    frame = controls_.back().frame;
-    return controls_.back().form;
+// Rows of one group stand together, in a frame of their own.
+void DialogView::AddControls(std::span<const ControlRow> rows, QWidget* body) {
+  FormGrid form(body, shape_);
+  std::optional<FormGrid> inFrame;
+  for (const ControlRow& row : rows) {
+    if (*row.group == '\0') {
+      AddControl(row, form, nullptr);
+      continue;
+    }
+    const bool goesOn = !controls_.empty() && controls_.back().frame != nullptr &&
+                        std::string_view(controls_.back().row->group) == row.group;
+    QGroupBox* const frame = goesOn ? controls_.back().frame : NewFrame(row.group);
+    if (!goesOn) {
+      form.AddRow(nullptr, frame, true, false);
+      inFrame.emplace(frame, shape_);
+    }
+    AddControl(row, *inFrame, frame);
   }
-  frame = new QGroupBox;
-  SetPlainText(frame, Translated(row.group));
-  auto* const form = new QFormLayout(frame);
-  form->setRowWrapPolicy(body.rowWrapPolicy());
-  form->setFieldGrowthPolicy(body.fieldGrowthPolicy());
-  body.addRow(frame);
-  return form;
+  form.End();
 }
 
-void DialogView::AddControl(const ControlRow& row, QFormLayout& body) {
-  Shown shown{&row, MakeControl(row, *this)};
-  shown.form = FormOf(row, body, shown.frame);
+void DialogView::AddControl(const ControlRow& row, FormGrid& form, QGroupBox* frame) {
+  Shown shown{&row, MakeControl(row, *this), nullptr, frame};
   QWidget* const widget = shown.control->Widget();
   if (widget->objectName().isEmpty()) widget->setObjectName(row.key);
-  const bool hasOwnText = row.kind == ControlKind::kCheck || row.kind == ControlKind::kPress ||
-                          row.kind == ControlKind::kHeading || row.kind == ControlKind::kColumns;
-  if (!hasOwnText && (*row.label != '\0' || row.labelOf != nullptr)) {
-    shown.label = new QLabel;
-    shown.label->setBuddy(shown.control->Focus());
-    shown.label->setWordWrap(shape_.isHandheld);
-    SetPlainText(shown.label, Translated(row.label));
-    widget->setAccessibleName(Translated(row.label));
-  }
-  if (!shown.control->IsWide()) {
-    shown.form->addRow(shown.label, widget);
+  if (row.kind == ControlKind::kPress) {
+    form.AddBeside(widget);
   } else {
-    if (shown.label != nullptr) shown.form->addRow(shown.label);
-    shown.form->addRow(widget);
-  }
-  if (shown.control->Grows()) {
-    widget->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
+    shown.label = NewLabel(row, *shown.control);
+    form.AddRow(shown.label, widget, shown.control->IsWide(), shown.control->Grows());
   }
   controls_.push_back(std::move(shown));
+}
+
+// Null for a control that has its text in itself.
+QLabel* DialogView::NewLabel(const ControlRow& row, Control& control) const {
+  const bool hasOwnText = row.kind == ControlKind::kCheck || row.kind == ControlKind::kHeading ||
+                          row.kind == ControlKind::kColumns;
+  if (hasOwnText || (*row.label == '\0' && row.labelOf == nullptr)) return nullptr;
+  auto* const label = new QLabel;
+  label->setBuddy(control.Focus());
+  label->setWordWrap(shape_.isHandheld);
+  SetPlainText(label, Translated(row.label));
+  control.Widget()->setAccessibleName(Translated(row.label));
+  return label;
 }
 
 // All buttons but those that stand within the contents.
@@ -102,15 +125,13 @@ void DialogView::AddButtons(QWidget& body) {
   });
   auto* const bar = new ButtonBar(labels, shape_, [this](std::string_view label) { Press(label); });
   const bool isBeside = shape_.isHandheld && !shape_.isUpright;
-  auto* const layout =
-      new QBoxLayout(isBeside ? QBoxLayout::LeftToRight : QBoxLayout::TopToBottom, this);
-  if (shape_.isHandheld) {
-    constexpr int kMargin = 4;
-    layout->setContentsMargins(kMargin, kMargin, kMargin, kMargin);
-    layout->setSpacing(kMargin);
-  }
-  layout->addWidget(&body, 1);
-  layout->addWidget(bar);
+  auto* const layout = new QVBoxLayout(this);
+  auto* const contents =
+      new QBoxLayout(isBeside ? QBoxLayout::LeftToRight : QBoxLayout::TopToBottom);
+  layout->addLayout(contents, 1);
+  contents->addWidget(&body, 1);
+  contents->addWidget(bar);
+  FillScreen(*this, *layout, shape_);
   for (const char* const usual : {">>", "OK"}) {
     if (QPushButton* const button = bar->Button(usual)) button->setDefault(true);
   }
@@ -124,7 +145,8 @@ void DialogView::Refresh() {
 void DialogView::Refresh(Shown& shown, const DialogState& state) {
   const ControlRow& row = *shown.row;
   const bool isShown = row.isShown == nullptr || row.isShown(state);
-  ShowRow(shown, isShown);
+  if (isShown) shown.control->Refresh(state);
+  ShowRow(shown, isShown && shown.control->HasContents());
   if (!isShown) return;
   if (row.isEnabled != nullptr) shown.control->Widget()->setEnabled(row.isEnabled(state));
   if (row.labelOf != nullptr && shown.label != nullptr) {
@@ -135,20 +157,17 @@ void DialogView::Refresh(Shown& shown, const DialogState& state) {
       AssignMnemonics(this);
     }
   }
-  shown.control->Refresh(state);
 }
 
 // A frame is hidden with its last row.
 void DialogView::ShowRow(Shown& shown, bool isShown) {
-  QFormLayout& form = *shown.form;
-  form.setRowVisible(shown.control->Widget(), isShown);
-  if (shown.label != nullptr && shown.control->IsWide()) form.setRowVisible(shown.label, isShown);
-  if (shown.frame != nullptr) {
-    const bool any = std::any_of(controls_.begin(), controls_.end(), [&](const Shown& each) {
-      return each.frame == shown.frame && each.control->Widget()->isVisibleTo(each.frame);
-    });
-    shown.frame->setVisible(any);
-  }
+  shown.control->Widget()->setVisible(isShown);
+  if (shown.label != nullptr) shown.label->setVisible(isShown);
+  if (shown.frame == nullptr) return;
+  const bool any = std::any_of(controls_.begin(), controls_.end(), [&](const Shown& each) {
+    return each.frame == shown.frame && each.control->Widget()->isVisibleTo(each.frame);
+  });
+  shown.frame->setVisible(any);
 }
 
 void DialogView::Put(const char* key, const DialogState& value) {

@@ -6,12 +6,12 @@
 #include <functional>
 #include <memory>
 #include <optional>
+#include <span>
 #include <vector>
 
 #include "apps/desktop/dialogs/control.h"
 
-class ButtonBar;
-class QFormLayout;
+class FormGrid;
 class QGroupBox;
 class QLabel;
 
@@ -41,18 +41,20 @@ class DialogView : public QDialog, public ControlHost {
   void reject() override;
 
  private:
-  // A control with its label and the form row that both stand in.
+  // A control with its label and the frame that both stand in, if any.
   struct Shown {
     const ControlRow* row;
     std::unique_ptr<Control> control;
     QLabel* label = nullptr;
-    QFormLayout* form = nullptr;
     QGroupBox* frame = nullptr;
   };
 
+  void FocusFirst();
   QWidget* NewBody();
-  QFormLayout* FormOf(const ControlRow& row, QFormLayout& body, QGroupBox*& frame);
-  void AddControl(const ControlRow& row, QFormLayout& body);
+  QWidget* Scrolling(QWidget* body) const;
+  void AddControls(std::span<const ControlRow> rows, QWidget* body);
+  void AddControl(const ControlRow& row, FormGrid& form, QGroupBox* frame);
+  QLabel* NewLabel(const ControlRow& row, Control& control) const;
   void AddButtons(QWidget& body);
   void Refresh();
   void Refresh(Shown& shown, const DialogState& state);

@@ -1,7 +1,6 @@
 #include <QDir>
 #include <QLabel>
 #include <QLineEdit>
-#include <QListWidget>
 #include <QPushButton>
 #include <QSignalBlocker>
 #include <QStyle>
@@ -10,6 +9,7 @@
 
 #include "apps/desktop/dialogs/control.h"
 #include "apps/desktop/dialogs/mnemonics.h"
+#include "apps/desktop/dialogs/rows_list.h"
 #include "apps/desktop/qt_text.h"
 #include "platform/paths.h"
 
@@ -62,13 +62,13 @@ class Places : public Control {
   }
 
   void AddList(QVBoxLayout& layout) {
-    constexpr int kRowsSeen = 4;
-    list_ = new QListWidget;
+    const DialogShape& shape = host_.Shape();
+    list_ = new RowsList(!shape.isHandheld ? 10 : shape.isUpright ? 4 : 2, shape);
     list_->setObjectName("places");
     list_->setAccessibleName(isFile_ ? Translated(ToXlate("Files of the folder"))
                                      : Translated(ToXlate("Folders in the folder")));
-    const int row = std::max(host_.Shape().finger, list_->fontMetrics().height());
-    list_->setMinimumHeight(kRowsSeen * row);
+    const int icon = list_->style()->pixelMetric(QStyle::PM_SmallIconSize);
+    list_->setIconSize({icon, icon});
     layout.addWidget(list_, 1);
     QObject::connect(list_, &QListWidget::itemClicked, list_, [this](QListWidgetItem* item) {
       const bool isFolder = item->data(kIsFolder).toBool();
@@ -149,7 +149,7 @@ class Places : public Control {
   ControlHost& host_;
   QWidget* frame_;
   QLineEdit* folder_ = nullptr;
-  QListWidget* list_ = nullptr;
+  RowsList* list_ = nullptr;
   QLineEdit* name_ = nullptr;
   QPushButton* newFolder_ = nullptr;
   QString listed_;  // the folder and the extensions that the list shows

@@ -3,16 +3,15 @@
 #include <nlohmann/json.hpp>
 
 #include "apps/desktop/dialogs/control.h"
+#include "apps/desktop/dialogs/rows_list.h"
 #include "apps/desktop/qt_text.h"
 
 namespace {
 
 QListWidget* NewList(const DialogShape& shape) {
-  constexpr int kRowsSeen = 4;
-  auto* const list = new QListWidget;
+  constexpr int kRows = 4;
+  auto* const list = new RowsList(kRows, shape);
   list->setUniformItemSizes(true);
-  const int row = std::max(shape.finger, list->fontMetrics().height());
-  list->setMinimumHeight(kRowsSeen * row);
   return list;
 }
 
@@ -20,8 +19,10 @@ QListWidget* NewList(const DialogShape& shape) {
 class NameList : public Control {
  public:
   NameList(const ControlRow& row, ControlHost& host) : row_(row), list_(NewList(host.Shape())) {
-    QObject::connect(list_, &QListWidget::currentRowChanged, list_, [this, &host](int position) {
-      if (position < 0) return;
+    // Not what is current: the first row is that as soon as the list has the keys.
+    QObject::connect(list_, &QListWidget::itemSelectionChanged, list_, [this, &host] {
+      const int position = list_->currentRow();
+      if (position < 0 || list_->selectedItems().isEmpty()) return;
       const DialogState value = choices_[static_cast<std::size_t>(position)].value;
       host.Put(row_.Input(), value);
     });
@@ -50,7 +51,8 @@ class NameList : public Control {
     for (std::size_t i = 0; i < choices_.size(); ++i) {
       if (choices_[i].value == chosen) at = static_cast<int>(i);
     }
-    if (list_->currentRow() == at) return;
+    const QListWidgetItem* const item = list_->item(at);
+    if (list_->currentRow() == at && (item == nullptr || item->isSelected())) return;
     list_->setCurrentRow(at);
     if (at < 0) list_->clearSelection();
   }

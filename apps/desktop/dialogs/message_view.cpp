@@ -1,9 +1,10 @@
 #include "apps/desktop/dialogs/message_view.h"
 
-#include <QGridLayout>
+#include <QHBoxLayout>
 #include <QLabel>
 #include <QScrollArea>
 #include <QStyle>
+#include <QVBoxLayout>
 
 #include "apps/desktop/dialogs/button_bar.h"
 #include "apps/desktop/dialogs/handheld_style.h"
@@ -55,18 +56,19 @@ MessageView::MessageView(const QString& caption, const QString& text, unsigned f
   setObjectName("message");
   setWindowTitle(caption);
   setWindowModality(Qt::ApplicationModal);
-  DressForHandheld(*this, shape);
   std::vector<std::string_view> labels = {ToXlate("OK")};
   if (IsQuestion()) labels = {ToXlate("Yes"), ToXlate("No")};
-  auto* const bar = new ButtonBar(labels, shape, [this](std::string_view label) {
+  auto* const bar = new ButtonBar(labels, shape.WithButtonsBelow(), [this](std::string_view label) {
     Close(label == "OK" ? kAnswerOk : label == "Yes" ? kAnswerYes : kAnswerNo);
   });
-  auto* const layout = new QGridLayout(this);
-  layout->addWidget(NewIcon(*this, flags), 0, 0, Qt::AlignTop);
-  layout->addWidget(NewText(text, shape), 0, 1);
-  layout->addWidget(bar, 1, 0, 1, 2);
-  layout->setRowStretch(0, 1);
-  layout->setColumnStretch(1, 1);
+  auto* const layout = new QVBoxLayout(this);
+  auto* const contents = new QHBoxLayout;
+  contents->setContentsMargins(layout->contentsMargins());
+  contents->addWidget(NewIcon(*this, flags), 0, Qt::AlignTop);
+  contents->addWidget(NewText(text, shape), 1);
+  layout->addLayout(contents, 1);
+  layout->addWidget(bar);
+  FillScreen(*this, *layout, shape);
   // A question is answered with care: Enter alone changes nothing.
   bar->Button(labels.back())->setDefault(true);
   bar->Button(labels.back())->setFocus();

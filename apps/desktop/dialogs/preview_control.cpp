@@ -8,17 +8,22 @@
 
 namespace {
 
+constexpr int kRowsSeen = 5;
+
+// North, east and elevation.
+bool IsNumber(std::size_t field) { return field >= 1 && field <= 3; }
+
 // The file as the layout reads it, line by line.
 class PreviewTable : public Control {
  public:
   explicit PreviewTable(ControlHost& host) : host_(host), table_(new QTableWidget) {
-    constexpr int kRowsSeen = 5;
     table_->setEditTriggers(QAbstractItemView::NoEditTriggers);
     table_->setSelectionMode(QAbstractItemView::NoSelection);
     table_->setTabKeyNavigation(false);
     table_->verticalHeader()->hide();
     table_->horizontalHeader()->setSectionResizeMode(QHeaderView::ResizeToContents);
     table_->verticalHeader()->setSectionResizeMode(QHeaderView::ResizeToContents);
+    table_->setAlternatingRowColors(true);
     table_->setMinimumHeight(kRowsSeen * 2 * table_->fontMetrics().height());
   }
   QWidget* Widget() override { return table_; }
@@ -31,8 +36,11 @@ class PreviewTable : public Control {
     const auto preview = host_.Preview();
     table_->setColumnCount(0);
     table_->setRowCount(0);
+    hasFile_ = preview.has_value();
     if (preview) Fill(*preview);
   }
+  // An export has no file yet.
+  bool HasContents() const override { return hasFile_; }
 
  private:
   void Fill(const PointPreview& preview) {
@@ -44,8 +52,9 @@ class PreviewTable : public Control {
       table_->setHorizontalHeaderItem(column, new QTableWidgetItem(names[code].text));
       for (int row = 0; row < table_->rowCount(); ++row) {
         const auto& cells = preview.rows[static_cast<std::size_t>(row)];
-        table_->setItem(row, column,
-                        new QTableWidgetItem(ToQt(cells[static_cast<std::size_t>(column)])));
+        auto* const item = new QTableWidgetItem(ToQt(cells[static_cast<std::size_t>(column)]));
+        if (IsNumber(code)) item->setTextAlignment(Qt::AlignRight | Qt::AlignVCenter);
+        table_->setItem(row, column, item);
       }
     }
   }
@@ -53,6 +62,7 @@ class PreviewTable : public Control {
   ControlHost& host_;
   QTableWidget* table_;
   DialogState shown_;
+  bool hasFile_ = false;
 };
 
 }  // namespace

@@ -27,6 +27,14 @@ void RunModally(View& view) {
 
 }  // namespace
 
+class QtViews::Busy {
+ public:
+  Busy() { QGuiApplication::setOverrideCursor(Qt::WaitCursor); }
+  ~Busy() { QGuiApplication::restoreOverrideCursor(); }
+  Busy(const Busy&) = delete;
+  Busy& operator=(const Busy&) = delete;
+};
+
 QtViews::QtViews(QWidget* owner, const DialogShape& shape) : owner_(owner), shape_(shape) {}
 QtViews::~QtViews() = default;
 
@@ -40,7 +48,14 @@ int QtViews::ShowDialog(Dialog& dialog) {
   return Run(named);
 }
 
+// A window has closed, and the work begins or goes on.
+void QtViews::GoOn() {
+  working_.start();
+  if (windows_.empty()) busy_ = std::make_unique<Busy>();
+}
+
 int QtViews::Run(Dialog& dialog) {
+  busy_.reset();
   if (prepare) {
     if (const auto code = prepare(dialog)) {
       KeepPath(dialog);
@@ -56,7 +71,7 @@ int QtViews::Run(Dialog& dialog) {
   if (view.Failure()) std::rethrow_exception(view.Failure());
   const int code = view.Code().value_or(Dialog::kCancel);
   if (code == Dialog::kOk) KeepPath(dialog);
-  working_.start();
+  GoOn();
   return code;
 }
 
@@ -80,12 +95,13 @@ void QtViews::KeepPath(Dialog& dialog) {
 
 int QtViews::ShowMessage(const tdk::WString& caption, const tdk::WString& text, unsigned flags) {
   wait_.reset();
+  busy_.reset();
   MessageView view(ToQt(caption), ToQt(text), flags, shape_, Top());
   windows_.push_back(&view);
   RunModally(view);
   windows_.pop_back();
   if (!view.IsQuestion()) messages_.push_back(ToQt(text));
-  working_.start();
+  GoOn();
   return view.Answer();
 }
 
@@ -97,6 +113,7 @@ void QtViews::ShowWait() {
   if (wait_ != nullptr) return;
   wait_ = std::make_unique<WaitView>(shape_, mayCancel_, Top());
   wait_->open();
+  wait_->repaint();
   QCoreApplication::processEvents();
 }
 

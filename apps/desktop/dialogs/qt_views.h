@@ -53,7 +53,11 @@ class QtViews : public HostViews {
   const std::string& Path() const { return path_; }
 
  private:
+  // The pointer tells that the program works.
+  class Busy;
+
   int Run(Dialog& dialog);
+  void GoOn();
   QWidget* Top() const;
   void KeepPath(Dialog& dialog);
   void ShowWait();
@@ -70,5 +74,6 @@ class QtViews : public HostViews {
   std::vector<ExchangeNote> notes_;
   std::vector<QString> messages_;
   std::unique_ptr<WaitView> wait_;
+  std::unique_ptr<Busy> busy_;
   QElapsedTimer working_;
 };

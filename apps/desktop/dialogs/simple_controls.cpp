@@ -1,6 +1,7 @@
-#include <QButtonGroup>
+#include <QApplication>
 #include <QCheckBox>
 #include <QComboBox>
+#include <QDir>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QLineEdit>
@@ -15,6 +16,7 @@
 #include "apps/desktop/dialogs/control.h"
 #include "apps/desktop/dialogs/mnemonics.h"
 #include "apps/desktop/qt_text.h"
+#include "platform/paths.h"
 
 namespace {
 
@@ -40,7 +42,7 @@ class NumberBox : public QSpinBox {
   // As wide as the numbers that it is for.
   QSize Narrow(QSize size) const {
     const int spare =
-        fontMetrics().horizontalAdvance("-32000") - fontMetrics().horizontalAdvance("0000");
+        fontMetrics().horizontalAdvance("-32000") - fontMetrics().horizontalAdvance("000");
     return {size.width() - spare, size.height()};
   }
 
@@ -76,13 +78,19 @@ class Line : public Control {
   }
   QWidget* Widget() override { return line_; }
   void Refresh(const DialogState& state) override {
-    const QString text = ToQt(state.value(row_.key, std::string()));
+    const auto value = state.value(row_.key, std::string());
+    // What is only shown is a folder, which a presenter has in the host's form.
+    const QString text = line_->isReadOnly() ? ShownFolder(value) : ToQt(value);
     if (line_->text() == text) return;
     line_->setText(text);
     if (line_->isReadOnly()) line_->setToolTip(text);
   }
 
  private:
+  static QString ShownFolder(const std::string& folder) {
+    return QDir::cleanPath(ToQt(platform::NativePath(folder)));
+  }
+
   const ControlRow& row_;
   QLineEdit* line_;
 };
@@ -128,12 +136,23 @@ class Combo : public Control {
   std::vector<Choice> choices_;
 };
 
+// Whether all of them find room beside each other.
+bool HaveRoom(const std::vector<Choice>& choices, const DialogShape& shape) {
+  if (!shape.isHandheld) return true;
+  constexpr double kShare = 0.88;
+  constexpr double kShareBesideButtons = 0.65;
+  int width = 0;
+  for (const Choice& choice : choices) {
+    width += QFontMetrics(QApplication::font()).horizontalAdvance(choice.text) + shape.finger;
+  }
+  return width < shape.screen.width() * (shape.isUpright ? kShare : kShareBesideButtons);
+}
+
 class Radio : public Control {
  public:
   Radio(const ControlRow& row, ControlHost& host) : row_(row), frame_(new QWidget) {
     const std::vector<Choice> choices = row.choices({});
-    constexpr std::size_t kBesideEachOther = 2;
-    const bool isNarrow = host.Shape().isHandheld && choices.size() > kBesideEachOther;
+    const bool isNarrow = !HaveRoom(choices, host.Shape());
     auto* const layout =
         new QBoxLayout(isNarrow ? QBoxLayout::TopToBottom : QBoxLayout::LeftToRight, frame_);
     layout->setContentsMargins(0, 0, 0, 0);
@@ -235,7 +254,7 @@ QComboBox* NewCombo(const char* name, const DialogShape& shape) {
   auto* const box = new QComboBox;
   box->setObjectName(name);
   if (!shape.isHandheld) return box;
-  constexpr int kLeastLetters = 6;
+  constexpr int kLeastLetters = 4;
   box->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
   box->setMinimumContentsLength(kLeastLetters);
   box->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);

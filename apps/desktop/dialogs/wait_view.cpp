@@ -12,25 +12,30 @@
 #include "apps/desktop/qt_text.h"
 
 WaitView::WaitView(const DialogShape& shape, bool mayCancel, QWidget* parent)
-    : QDialog(parent), mayCancel_(mayCancel), bar_(new QProgressBar) {
+    : QDialog(parent), bar_(new QProgressBar) {
   setObjectName("wait");
   setWindowTitle(Translated(ToXlate("Please wait")));
   setWindowModality(Qt::ApplicationModal);
   bar_->setObjectName("progress");
   bar_->setRange(0, 0);
   auto* const layout = new QVBoxLayout(this);
+  auto* const contents = new QVBoxLayout;
+  contents->setContentsMargins(layout->contentsMargins());
   auto* const label = new QLabel(Translated(ToXlate("The data are being worked on.")));
-  label->setWordWrap(true);
-  layout->addWidget(label);
-  layout->addWidget(bar_);
+  label->setWordWrap(shape.isHandheld);
+  contents->addWidget(label);
+  contents->addWidget(bar_);
+  contents->addStretch();
+  layout->addLayout(contents, 1);
   if (mayCancel) {
-    layout->addWidget(
-        new ButtonBar({ToXlate("Cancel")}, shape, [this](std::string_view) { reject(); }));
+    buttons_ = new ButtonBar({ToXlate("Cancel")}, shape.WithButtonsBelow(),
+                             [this](std::string_view) { reject(); });
+    buttons_->hide();
+    layout->addWidget(buttons_);
   }
-  if (shape.isHandheld) {
-    DressForHandheld(*this, shape);
-    layout->insertStretch(2);
-  }
+  constexpr int kWidth = 340;
+  if (!shape.isHandheld) setMinimumWidth(kWidth);
+  FillScreen(*this, *layout, shape);
   AssignMnemonics(this);
 }
 
@@ -38,6 +43,7 @@ void WaitView::ShowProgress(std::uint64_t done, std::uint64_t total) {
   constexpr int kBetween = 80;  // milliseconds
   if (sinceShown_.isValid() && sinceShown_.elapsed() < kBetween) return;
   sinceShown_.start();
+  if (buttons_ != nullptr) buttons_->show();
   if (total > 0) {
     constexpr int kWhole = 1000;
     const double part = static_cast<double>(std::min(done, total)) / static_cast<double>(total);
@@ -49,5 +55,5 @@ void WaitView::ShowProgress(std::uint64_t done, std::uint64_t total) {
 }
 
 void WaitView::reject() {
-  if (mayCancel_) isCancelled_ = true;
+  if (buttons_ != nullptr) isCancelled_ = true;
 }

@@ -7,10 +7,11 @@
 
 #include "apps/desktop/dialogs/dialog_shape.h"
 
-class QLabel;
+class ButtonBar;
 class QProgressBar;
 
-/// How far it has come and, where nothing is left half done, a way to stop it.
+/// How far it has come and, where nothing is left half done, a way to stop it: from when the work
+/// tells how far it is, for then it can be asked to stop.
 class WaitView : public QDialog {
  public:
   WaitView(const DialogShape& shape, bool mayCancel, QWidget* parent);
@@ -22,7 +23,7 @@ class WaitView : public QDialog {
   void reject() override;
 
  private:
-  bool mayCancel_;
+  ButtonBar* buttons_ = nullptr;  // null when it cannot be stopped
   bool isCancelled_ = false;
   QProgressBar* bar_;
   QElapsedTimer sinceShown_;

@@ -13,8 +13,8 @@ ExchangeReport WorkOutCoordinates(HostDocument& document, bool isAnew) {
       survey::ComputeCoordinates(*document.GetLibCmp(), *document.GetLibPnt(), settings);
   ExchangeReport report{Translated(ToXlate("Coordinates")), {}};
   for (const std::string& line : SummaryLines(result)) report.Tell(ToQt(line));
-  for (const std::string& line : Stranded(result)) report.Warn(line, document);
-  for (const std::string& line : Findings(result)) report.Warn(line, document);
+  for (const Remark& each : StrandedStations(result)) report.Warn(each.text, each.about, document);
+  for (const Remark& each : WhatStandsOut(result)) report.Warn(each.text, each.about, document);
   if (report.lines.empty()) report.Tell(Translated(ToXlate("There is nothing to work out.")));
   return report;
 }

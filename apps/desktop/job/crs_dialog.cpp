@@ -2,14 +2,29 @@
 
 #include <nlohmann/json.hpp>
 
+#include "services/ini_file.h"
 #include "services/message_box.h"
 #include "services/translate.h"
+
+namespace {
+
+constexpr const char* kSection = "Desktop";
+constexpr const char* kReferenceSystem = "ReferenceSystem";
+
+}  // namespace
+
+tdk::WString KeptReferenceSystem() { return CIniFile().ReadString(kSection, kReferenceSystem, {}); }
+
+void KeepReferenceSystem(const tdk::WString& crs) {
+  CIniFile().WriteString(kSection, kReferenceSystem, crs);
+}
 
 ReferenceSystemDialog::ReferenceSystemDialog(CWnd* parent, const CLibGps& library)
     : parent_(parent) {
   for (int i = 0; i < library.GetGrpArSize() && crs_.IsEmpty(); ++i) {
     crs_ = library.GetGrpAt(i)->GetCrs();
   }
+  if (crs_.IsEmpty()) crs_ = KeptReferenceSystem();
 }
 
 tdk::WString ReferenceSystemDialog::Title() const { return Xlate("Reference system"); }

@@ -4,11 +4,16 @@
 #include "model/gps.h"
 #include "services/dialog.h"
 
+/// The reference system that was set for the job, for groups that have none of their own: it is one
+/// of the job's settings. Empty: none.
+tdk::WString KeptReferenceSystem();
+void KeepReferenceSystem(const tdk::WString& crs);
+
 /// Named "reference-system", with the key crs: AUTHORITY:CODE, as "EPSG:32632". OK refuses what is
-/// no reference system of plane coordinates; an empty one changes nothing.
+/// no reference system of plane coordinates; an empty one is none.
 class ReferenceSystemDialog : public Dialog {
  public:
-  /// Starts with the system of the first group that has one.
+  /// Starts with the system of the first group that has one, else with the one that is kept.
   ReferenceSystemDialog(CWnd* parent, const CLibGps& library);
   const tdk::WString& Crs() const { return crs_; }
 

@@ -4,12 +4,16 @@
 
 namespace {
 
+std::optional<JobNode> Named(const std::string& name, HostDocument& document) {
+  const JobNode found = FindNamed(document, name);
+  return found.kind == NodeKind::kRoot ? std::nullopt : std::optional(found);
+}
+
 std::optional<JobNode> QuotedObject(const std::string& text, HostDocument& document) {
   for (std::size_t from = text.find('"'); from != std::string::npos; from = text.find('"', from)) {
     const std::size_t to = text.find('"', from + 1);
     if (to == std::string::npos) break;
-    const JobNode found = FindNamed(document, text.substr(from + 1, to - from - 1));
-    if (found.kind != NodeKind::kRoot) return found;
+    if (const auto found = Named(text.substr(from + 1, to - from - 1), document)) return found;
     from = to + 1;
   }
   return std::nullopt;
@@ -19,6 +23,11 @@ std::optional<JobNode> QuotedObject(const std::string& text, HostDocument& docum
 
 void ExchangeReport::Warn(const std::string& text, HostDocument& document) {
   lines.push_back({ToQt(text), true, QuotedObject(text, document)});
+}
+
+void ExchangeReport::Warn(const std::string& text, const std::string& about,
+                          HostDocument& document) {
+  lines.push_back({ToQt(text), true, Named(about, document)});
 }
 
 QString ExchangeReport::AsText() const {

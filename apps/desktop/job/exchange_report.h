@@ -22,5 +22,7 @@ struct ExchangeReport {
   }
   /// Looks for the object that the text names in quotation marks.
   void Warn(const std::string& text, HostDocument& document);
+  /// `about`: the name of the object, as the job has it.
+  void Warn(const std::string& text, const std::string& about, HostDocument& document);
   QString AsText() const;
 };

@@ -99,6 +99,10 @@ ExchangeRunner::Outcome ExchangeRunner::Call(const ExchangeCommand& command, QtV
   const CallResult result =
       module_.Call(command.function, window, job_.Document(), {"kalvio-desktop", KALVIO_VERSION});
   Outcome outcome{result.value == 1 || views.HasWritten(), {}};
+  if (result.path) {
+    outcome.remarks.push_back(
+        Xlate("The job has the path of an image only; the plan does not show it.").ToUtf8());
+  }
   if (std::string reason = trouble.Reason(views.Path()); !reason.empty()) {
     outcome.remarks.push_back(std::move(reason));
   }

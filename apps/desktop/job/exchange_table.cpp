@@ -14,6 +14,7 @@ std::span<const ExchangeCommand> ExchangeTable() {
       {ToXlate("LandXML file import"), nullptr, "xml", true},
       {ToXlate("Dxf/Dwg file import"), "FImportDXFDWGFile", "dxf;dwg", true},
       {ToXlate("Import of Shape file"), "FImportEntFromFileShape", "shp", true},
+      {ToXlate("Image import"), "FImportImageFile", "bmp;tif;tiff;png;jpg;jpeg;jfif", true},
       {ToXlate("JB2 file export"), "FExportJB2File", "jb2", false},
       {ToXlate("JB3 file export"), "FExportJB3File", "jb3", false},
       {ToXlate("Text file export"), "FExportTXTFile", "txt", false},

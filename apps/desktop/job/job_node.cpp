@@ -128,10 +128,26 @@ JobNode GrandchildThatIs(HostDocument& document, NodeKind section, const CEgn& p
   return {};
 }
 
+bool IsCalled(HostDocument& document, const JobNode& node, std::string_view name) {
+  const CEgn* const point = PointOf(document, node);
+  if (point != nullptr && point->NameUtf8() == name) return true;
+  // A group of GPS points has a name of its own besides that of its base.
+  const bool isPoint = point != nullptr && node.kind != kGpsGroup;
+  return !isPoint && NameOf(document, node).ToUtf8() == name;
+}
+
 JobNode ChildNamed(HostDocument& document, const JobNode& parent, std::string_view name) {
   for (int row = 0; row < ChildCount(document, parent); ++row) {
     const JobNode child = ChildAt(parent, row);
-    if (NameOf(document, child).ToUtf8() == name) return child;
+    if (IsCalled(document, child, name)) return child;
+  }
+  return {};
+}
+
+JobNode GrandchildNamed(HostDocument& document, const JobNode& parent, std::string_view name) {
+  for (int row = 0; row < ChildCount(document, parent); ++row) {
+    const JobNode found = ChildNamed(document, ChildAt(parent, row), name);
+    if (found.kind != kRoot) return found;
   }
   return {};
 }
@@ -208,9 +224,15 @@ JobNode FindNamed(HostDocument& document, std::string_view name) {
     const JobNode found = ChildNamed(document, ChildAt({}, section), name);
     if (found.kind != kRoot) return found;
   }
-  for (int job = 0; job < document.GetLibCmp()->GetJobArSize(); ++job) {
+  const int jobs = document.GetLibCmp()->GetJobArSize();
+  for (int job = 0; job < jobs; ++job) {
     const JobNode found = ChildNamed(document, {kJob, job}, name);
     if (found.kind != kRoot) return found;
   }
-  return {};
+  for (int job = 0; job < jobs; ++job) {
+    const JobNode found = GrandchildNamed(document, {kJob, job}, name);
+    if (found.kind != kRoot) return found;
+  }
+  const JobNode known = GrandchildNamed(document, {kKnownGroups}, name);
+  return known.kind != kRoot ? known : GrandchildNamed(document, {kGpsGroups}, name);
 }

@@ -62,6 +62,6 @@ const CEgn* PointOf(HostDocument& document, const JobNode& node);
 
 /// The node of a point of the job; the root when it is none.
 JobNode NodeOf(HostDocument& document, const CEgn& point);
-/// The first job, station, group, model, road, theme or layer of that name; the root when there is
-/// none.
+/// The first job, group, model, road, theme or layer of that name, else the first station, else the
+/// first point; the root when there is none.
 JobNode FindNamed(HostDocument& document, std::string_view name);

@@ -1,5 +1,6 @@
 #include "apps/desktop/job/job_tree.h"
 
+#include "apps/desktop/job/node_icons.h"
 #include "apps/desktop/qt_text.h"
 #include "console.h"
 
@@ -55,8 +56,10 @@ int JobTree::rowCount(const QModelIndex& parent) const {
 int JobTree::columnCount(const QModelIndex& /*parent*/) const { return 1; }
 
 QVariant JobTree::data(const QModelIndex& index, int role) const {
-  if (document_ == nullptr || !index.isValid() || role != Qt::DisplayRole) return {};
+  if (document_ == nullptr || !index.isValid()) return {};
   const JobNode node = NodeAt(index);
+  if (role == Qt::DecorationRole) return IconOf(node.kind);
+  if (role != Qt::DisplayRole) return {};
   QString text = ToQt(NameOf(*document_, node));
   if (ChildKind(node.kind) != node.kind) {
     text += QString(" (%1)").arg(ChildCount(*document_, node));

@@ -39,6 +39,8 @@ ReportWindow::ReportWindow(ExchangeReport report, const DialogShape& shape, QWid
   list->setObjectName("lines");
   list->setAccessibleName(Translated(ToXlate("What the exchange did")));
   list->setWordWrap(true);
+  constexpr int kBetweenLines = 2;
+  list->setSpacing(kBetweenLines);
   for (const ReportLine& line : report_.lines) list->addItem(NewItem(line, *this));
   const auto go = [this, list](const QListWidgetItem* item) {
     const ReportLine& line = report_.lines[static_cast<std::size_t>(list->row(item))];
@@ -46,19 +48,20 @@ ReportWindow::ReportWindow(ExchangeReport report, const DialogShape& shape, QWid
   };
   connect(list, &QListWidget::itemClicked, list, go);
   connect(list, &QListWidget::itemActivated, list, go);
-  auto* const bar =
-      new ButtonBar({ToXlate("Copy"), ToXlate("Close")}, shape, [this](std::string_view label) {
-        if (label == "Close") {
-          close();
-        } else {
-          QGuiApplication::clipboard()->setText(report_.AsText());
-        }
-      });
+  auto* const bar = new ButtonBar({ToXlate("Copy"), ToXlate("Close")}, shape.WithButtonsBelow(),
+                                  [this](std::string_view label) {
+                                    if (label == "Close") {
+                                      close();
+                                    } else {
+                                      QGuiApplication::clipboard()->setText(report_.AsText());
+                                    }
+                                  });
   bar->Button("Close")->setDefault(true);
+  bar->Button("Close")->setFocus();
   auto* const layout = new QVBoxLayout(this);
   layout->addWidget(list);
   layout->addWidget(bar);
-  DressForHandheld(*this, shape);
+  FillScreen(*this, *layout, shape);
   constexpr QSize kUsual(560, 360);
   if (!shape.isHandheld) resize(kUsual);
   AssignMnemonics(this);

@@ -1,17 +1,19 @@
 #include "apps/desktop/plan/layer_list.h"
 
+#include "apps/desktop/plan/mark_painter.h"
 #include "services/translate.h"
 
 namespace plan {
 namespace {
 
-QIcon ColorOf(const PlanLayer& layer) {
-  constexpr int kSide = 12;
-  QPixmap picture(kSide, kSide);
-  const bool hasOne =
-      layer.colors.empty() && layer.kind != LayerKind::kNames && layer.kind != LayerKind::kCodes;
-  picture.fill(hasOne ? QColor(layer.color) : QColor(Qt::transparent));
-  return picture;
+QIcon IconOf(const PlanLayer& layer) {
+  switch (layer.kind) {
+    case LayerKind::kPoints: return MarkIcon(static_cast<plot::MarkKind>(layer.position));
+    case LayerKind::kNames:
+    case LayerKind::kCodes: return LetterIcon();
+    case LayerKind::kDrawing: return LineIcon(layer.colors.empty() ? 0 : RgbOf(layer.colors[0]));
+    default: return LineIcon(layer.color);
+  }
 }
 
 }  // namespace
@@ -28,8 +30,7 @@ void LayerList::Refill() {
   const QSignalBlocker quiet(this);
   clear();
   for (const PlanLayer& layer : view_.Model().Layers()) {
-    auto* const item =
-        new QListWidgetItem(ColorOf(layer), QString::fromStdString(layer.name), this);
+    auto* const item = new QListWidgetItem(IconOf(layer), QString::fromStdString(layer.name), this);
     item->setFlags(item->flags() | Qt::ItemIsUserCheckable);
     item->setCheckState(layer.isVisible ? Qt::Checked : Qt::Unchecked);
   }

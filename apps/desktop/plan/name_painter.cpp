@@ -1,13 +1,16 @@
 #include "apps/desktop/plan/name_painter.h"
 
+#include <array>
+
 #include "host/plot/bit_grid.h"
 
 namespace plan {
 namespace {
 
-constexpr double kCell = 3;     // pixels
-constexpr double kAside = 6;    // of a text from its point
-constexpr double kSymbol = 10;  // the room of a symbol
+constexpr double kCell = 2;    // pixels
+constexpr double kAside = 8;   // of a text from its point
+constexpr double kSymbol = 9;  // the room of a symbol
+constexpr double kBelow = 2;   // of a text below the line that it stands on
 
 // The room that is taken.
 class Room {
@@ -40,15 +43,63 @@ class Room {
   plot::BitGrid cells_;
 };
 
-QString TextOf(const plot::Mark& mark, bool names, bool codes) {
-  QString text;
-  if (names) text = QString::fromUtf8(mark.point->NameUtf8());
-  if (codes) {
-    const std::string code = mark.point->GetSecScri().ToUtf8();
-    if (!code.empty()) text += (text.isEmpty() ? "" : " ") + QString::fromStdString(code);
-  }
-  return QString::fromStdString(plot::DrawableText(text.toStdString()));
+QString Drawable(const std::string& text) {
+  return QString::fromStdString(plot::DrawableText(text));
 }
+
+// What may stand beside a point, the fullest first.
+QStringList TextsOf(const plot::Mark& mark, bool names, bool codes) {
+  const QString name = names ? Drawable(std::string(mark.point->NameUtf8())) : QString();
+  const QString code = codes ? Drawable(mark.point->GetSecScri().ToUtf8()) : QString();
+  if (name.isEmpty() || code.isEmpty())
+    return name.isEmpty() ? QStringList{code} : QStringList{name};
+  return {name + ' ' + code, name};
+}
+
+// Where a text may stand beside its point: the usual place first.
+std::array<QRectF, 4> PlacesFor(const QPointF& at, double width, double height) {
+  const double right = at.x() + kAside;
+  const double left = at.x() - kAside - width;
+  const double above = at.y() - height;
+  return {QRectF(right, above, width, height), QRectF(right, at.y(), width, height),
+          QRectF(left, above, width, height), QRectF(left, at.y(), width, height)};
+}
+
+class NamePainter {
+ public:
+  NamePainter(const ViewWindow& view, QPainter& painter)
+      : room_(view), painter_(painter), metrics_(painter.font()) {
+    // The scale bar's.
+    constexpr double kHigh = 34;
+    room_.Take({0, view.Height() - kHigh, view.Width() * 0.25 + 20, kHigh});
+  }
+
+  void Occupy(const QPointF& at) {
+    room_.Take(QRectF(at - QPointF(kSymbol / 2, kSymbol / 2), QSizeF(kSymbol, kSymbol)));
+  }
+  void Paint(const QPointF& at, const QStringList& texts, const QColor& color) {
+    for (const QString& text : texts) {
+      if (text.isEmpty()) continue;
+      for (const QRectF& box :
+           PlacesFor(at, metrics_.horizontalAdvance(text), metrics_.ascent() + kBelow)) {
+        if (room_.IsFree(box)) return PaintIn(box, text, color);
+      }
+    }
+  }
+
+ private:
+  // On a ground of its own, so that lines behind it do not run through its letters.
+  void PaintIn(const QRectF& box, const QString& text, const QColor& color) {
+    room_.Take(box);
+    painter_.fillRect(box, QColor(255, 255, 255, 170));
+    painter_.setPen(color);
+    painter_.drawText(QPointF(box.left(), box.bottom() - kBelow), text);
+  }
+
+  Room room_;
+  QPainter& painter_;
+  QFontMetricsF metrics_;
+};
 
 }  // namespace
 
@@ -57,26 +108,15 @@ void PaintNames(const PlanModel& model, const ViewWindow& view,
   const bool names = model.IsShown(LayerKind::kNames);
   const bool codes = model.IsShown(LayerKind::kCodes);
   if (!names && !codes) return;
-  Room room(view);
-  const auto pixelOf = [&](std::uint32_t mark) {
-    const plot::Place pixel = view.ToPixels(model.Marks()[mark].place);
+  NamePainter texts(view, painter);
+  const auto pixelOf = [&](const plot::Mark& mark) {
+    const plot::Place pixel = view.ToPixels(mark.place);
     return QPointF(pixel.x, pixel.y);
   };
-  for (const std::uint32_t mark : marks) {
-    room.Take(QRectF(pixelOf(mark) - QPointF(kSymbol / 2, kSymbol / 2), QSizeF(kSymbol, kSymbol)));
-  }
-  const QFontMetricsF metrics(painter.font());
+  for (const std::uint32_t mark : marks) texts.Occupy(pixelOf(model.Marks()[mark]));
   for (const std::uint32_t mark : marks) {
     const plot::Mark& each = model.Marks()[mark];
-    const QString text = TextOf(each, names, codes);
-    if (text.isEmpty()) continue;
-    const QPointF at = pixelOf(mark) + QPointF(kAside, -kAside + 2);
-    const QRectF box(at.x(), at.y() - metrics.ascent(), metrics.horizontalAdvance(text),
-                     metrics.height());
-    if (!room.IsFree(box)) continue;
-    room.Take(box);
-    painter.setPen(QColor(RgbOf(each.kind)));
-    painter.drawText(at, text);
+    texts.Paint(pixelOf(each), TextsOf(each, names, codes), QColor(RgbOf(each.kind)));
   }
 }
 

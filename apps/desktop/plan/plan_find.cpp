@@ -95,11 +95,12 @@ double NearestLeg(const PlanLines& lines, const plot::Box& around) {
 
 // What is drawn last is seen, and so found, first.
 std::optional<Found> LineAt(const PlanModel& model, const plot::Box& around) {
-  const auto& layers = model.Layers();
-  for (auto layer = layers.rbegin(); layer != layers.rend(); ++layer) {
-    if (!layer->isVisible || NearestLeg(layer->lines, around) > around.Width() / 2) continue;
-    return Found{layer->kind, layer->position, nullptr,
-                 Fill(Xlate(LayerName(layer->kind)), {tdk::WString(layer->name)}).ToUtf8()};
+  const std::vector<const PlanLayer*> layers = model.FromTheGround();
+  for (auto each = layers.rbegin(); each != layers.rend(); ++each) {
+    const PlanLayer& layer = **each;
+    if (!layer.isVisible || NearestLeg(layer.lines, around) > around.Width() / 2) continue;
+    return Found{layer.kind, layer.position, nullptr,
+                 Fill(Xlate(LayerName(layer.kind)), {tdk::WString(layer.name)}).ToUtf8()};
   }
   return std::nullopt;
 }

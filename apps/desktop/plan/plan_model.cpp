@@ -1,5 +1,6 @@
 #include "apps/desktop/plan/plan_model.h"
 
+#include <algorithm>
 #include <array>
 
 #include "apps/desktop/plan/terrain_legs.h"
@@ -53,6 +54,14 @@ PlanModel::PlanModel(HostDocument& document) : content_(plot::ContentOf(document
   AddRoads();
 }
 
+std::vector<const PlanLayer*> PlanModel::FromTheGround() const {
+  std::vector<const PlanLayer*> layers;
+  for (const PlanLayer& layer : layers_) layers.push_back(&layer);
+  std::stable_partition(layers.begin(), layers.end(),
+                        [](const PlanLayer* layer) { return layer->kind == LayerKind::kTerrain; });
+  return layers;
+}
+
 bool PlanModel::IsShown(LayerKind kind, int position) const {
   for (const PlanLayer& layer : layers_) {
     if (layer.kind == kind && layer.position == position) return layer.isVisible;
@@ -99,7 +108,7 @@ void PlanModel::AddThemes() {
     PlanLayer layer{.kind = LayerKind::kTheme, .name = std::move(theme.name)};
     layer.position = theme.position;
     layer.color = theme.colours.front();
-    layer.width = theme.arePoints ? 5 : 1;
+    layer.width = theme.arePoints ? 5 : 1.6;
     Add(std::move(layer), theme.legs);
   }
   content_.themes.clear();

@@ -50,6 +50,8 @@ class PlanModel {
 
   /// In the order in which a list of them shows them.
   const std::vector<PlanLayer>& Layers() const { return layers_; }
+  /// The same in the order in which they are drawn, terrain first.
+  std::vector<const PlanLayer*> FromTheGround() const;
   void SetVisible(std::size_t layer, bool visible) { layers_[layer].isVisible = visible; }
   bool IsShown(LayerKind kind, int position = 0) const;
 

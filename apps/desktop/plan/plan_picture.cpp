@@ -4,6 +4,7 @@
 #include <array>
 #include <map>
 
+#include "apps/desktop/plan/mark_painter.h"
 #include "apps/desktop/plan/name_painter.h"
 #include "host/plot/nice_numbers.h"
 
@@ -11,8 +12,9 @@ namespace plan {
 namespace {
 
 constexpr std::size_t kMostSymbols = 3'000;
-constexpr double kHalfSymbol = 4.5;  // pixels
-constexpr double kLeastLetters = 5;  // pixels: smaller texts are not legible
+constexpr qsizetype kMostSmooth = 4'000;  // legs whose edges are smoothed, which takes its time
+constexpr double kHalfSymbol = 4.5;       // pixels
+constexpr double kLeastLetters = 5;       // pixels: smaller texts are not legible
 constexpr QRgb kCrowd = 0xFFE2E2E2;
 
 QPointF Point(const plot::Place& place) { return {place.x, place.y}; }
@@ -54,8 +56,8 @@ class Painter {
         shown_(view.Shown()) {}
 
   void Paint() {
-    for (const PlanLayer& layer : model_.Layers()) {
-      if (layer.isVisible) PaintLines(layer);
+    for (const PlanLayer* const layer : model_.FromTheGround()) {
+      if (layer->isVisible) PaintLines(*layer);
     }
     for (const PlanLayer& layer : model_.Layers()) {
       if (layer.isVisible) PaintTexts(layer);
@@ -85,9 +87,11 @@ class Painter {
         },
         [&](const plot::Box& crowd) { PaintCrowd(crowd, layer.color); });
     for (const auto& [color, lines] : legs) {
+      painter_.setRenderHint(QPainter::Antialiasing, lines.size() < kMostSmooth);
       painter_.setPen(QPen(QColor(color), layer.width));
       painter_.drawLines(lines);
     }
+    painter_.setRenderHint(QPainter::Antialiasing, false);
     for (const auto& [color, points] : dots) {
       painter_.setPen(QPen(QColor(color), std::max(layer.width, 3.0)));
       painter_.drawPoints(points.data(), static_cast<int>(points.size()));
@@ -136,7 +140,7 @@ class Painter {
     painter_.setRenderHint(QPainter::Antialiasing);
     for (auto mark = symbols.rbegin(); mark != symbols.rend(); ++mark) {
       const plot::Mark& each = model_.Marks()[*mark];
-      PaintSymbol(Point(view_.ToPixels(each.place)), each.kind);
+      PaintMark(painter_, Point(view_.ToPixels(each.place)), kHalfSymbol, each.kind);
     }
     PaintNames(model_, view_, symbols, painter_);
     painter_.setRenderHint(QPainter::Antialiasing, false);
@@ -152,42 +156,6 @@ class Painter {
       if (x < 0 || y < 0 || x >= image_.width() || y >= image_.height()) return;
       reinterpret_cast<QRgb*>(bits_ + y * stride_)[x] = 0xFF000000 | RgbOf(kind);
     });
-  }
-
-  void PaintSymbol(const QPointF& at, plot::MarkKind kind) {
-    constexpr double h = kHalfSymbol;
-    const QColor color(RgbOf(kind));
-    painter_.setPen(QPen(color, 1.4));
-    painter_.setBrush(Qt::NoBrush);
-    const QPolygonF triangle({{at.x(), at.y() - h},
-                              {at.x() + h * 0.9, at.y() + h * 0.6},
-                              {at.x() - h * 0.9, at.y() + h * 0.6}});
-    switch (kind) {
-      case plot::MarkKind::kStation:
-        painter_.setBrush(Qt::white);
-        painter_.drawPolygon(triangle);
-        break;
-      case plot::MarkKind::kKnown:
-      case plot::MarkKind::kManyKnown:
-        painter_.setBrush(color);
-        painter_.drawPolygon(triangle);
-        break;
-      case plot::MarkKind::kControl:
-        painter_.drawPolygon(QPolygonF({{at.x(), at.y() - h},
-                                        {at.x() + h, at.y()},
-                                        {at.x(), at.y() + h},
-                                        {at.x() - h, at.y()}}));
-        break;
-      case plot::MarkKind::kGpsBase:
-        painter_.setBrush(color);
-        painter_.drawEllipse(at, h * 0.8, h * 0.8);
-        break;
-      case plot::MarkKind::kGps: painter_.drawEllipse(at, h * 0.6, h * 0.6); break;
-      case plot::MarkKind::kMeasured:
-        painter_.drawLine(QLineF(at.x() - h * 0.6, at.y(), at.x() + h * 0.6, at.y()));
-        painter_.drawLine(QLineF(at.x(), at.y() - h * 0.6, at.x(), at.y() + h * 0.6));
-        break;
-    }
   }
 
   void PaintHighlight() {

@@ -98,9 +98,12 @@ void PlanView::paintEvent(QPaintEvent*) {
   QPainter painter(this);
   painter.drawImage(0, 0, PaintPlan(model_, window_, {devicePixelRatioF(), highlighted_}));
   if (!model_.Extent().IsEmpty()) return;
-  painter.setPen(QColor(0x777777));
-  painter.drawText(rect(), Qt::AlignCenter | Qt::TextWordWrap,
-                   QString::fromStdString(Xlate("Nothing with coordinates in this job").ToUtf8()));
+  const char* const hint = model_.WithoutPlace() > 0
+                               ? ToXlate("Nothing with coordinates in this job")
+                               : ToXlate("Drop files of a survey here, or choose what to import.");
+  painter.setPen(QColor(0x666666));
+  painter.drawText(rect().adjusted(8, 8, -8, -40), Qt::AlignCenter | Qt::TextWordWrap,
+                   QString::fromStdString(Xlate(hint).ToUtf8()));
 }
 
 void PlanView::resizeEvent(QResizeEvent*) {
