@@ -132,6 +132,18 @@ TEST_F(DwgCodes, ReferencesMayCountFromTheRecord) {
   EXPECT_THROW(TakeHandle(reader, 0x100), Damage);
 }
 
+TEST_F(DwgCodes, ReferencesCountFromTheRecordWhereThatIsShorter) {
+  fields.SetOwn(0x1234);
+  for (const Handle handle : {0x1235U, 0x1233U, 0x1240U, 0x1200U, 0x2345U, 0x12U, 0U}) {
+    fields.NearReference(handle);
+  }
+  EXPECT_EQ(Hex(bits.Bytes()), "6080A10CC134422345411240");
+  bits.Clear();
+  fields.SetOwn(0x21);
+  for (const Handle handle : {0x20U, 0x22U, 0x30U, 1U}) fields.NearReference(handle);
+  EXPECT_EQ(Hex(bits.Bytes()), "806041304101");
+}
+
 TEST_F(DwgCodes, Texts) {
   fields.Text("Abc");
   EXPECT_EQ(Hex(bits.Bytes()), "40D05898C0");
@@ -251,11 +263,11 @@ TEST_F(DwgRecords, Point) {
     records.Entity(kPoint, 0x10A, head, point);
   };
   EXPECT_EQ(Record(Version::k2000, write),
-            "2D0046C9804000008042A53421D335A32E7C3093F9008845CA40EC325D411E03C28A40D3D65038C1010804"
-            "2D480400D8DB");
+            "2B0046C9804000008042A53421D335A32E7C3093F9008845CA40EC325D411E03C28A40D3D65038C1018148"
+            "0400B72B");
   EXPECT_EQ(Record(Version::kR14, write),
-            "2D0046C08042A1080800055B19AD1973E1849FC804422E52076192EA08F01E1452069EB281531829008020"
-            "210085806FEE");
+            "2B0046C08042A1080800055B19AD1973E1849FC804422E52076192EA08F01E1452069EB281531829008020"
+            "30007A9B");
 }
 
 TEST_F(DwgRecords, Line) {

@@ -1,11 +1,7 @@
 // DWG files that are cut off, damaged, or of other versions.
 #include <filesystem>
 
-#include "host/cad/dwg/file_header.h"
-#include "host/cad/dwg/object_map.h"
-#include "host/cad/dwg/record_writer.h"
-#include "host/cad/dwg/text_records.h"
-#include "support/dwg_drawings.h"
+#include "support/dwg_records.h"
 #include "support/text_files.h"
 
 using namespace dwg_test;
@@ -130,57 +126,15 @@ TEST_F(DwgDamage, EveryByteMayBeAnother) {
 
 // ---- Files that are in order, and hold what cannot be ----
 
-/// A file of records of our own.
-class DwgStrange : public DwgDamage {
- protected:
-  template <class Write>
-  CadLoad LoadRecords(const Write& write) {
-    platform::OutputFile output;
-    EXPECT_TRUE(output.Open(folder.File("strange.dwg")));
-    dwg::FileWriter file(output);
-    dwg::FileLayout layout;
-    file.Zeros(dwg::FileHeader(layout).size());
-    dwg::RecordWriter records(file, dwg::Version::k2000);
-    write(records);
-    std::string map;
-    dwg::AppendObjectMap(map, records.Map());
-    layout.regions[dwg::kObjectMap] = {file.Position(), map.size()};
-    file.Bytes(map);
-    output.Overwrite(0, dwg::FileHeader(layout));
-    EXPECT_TRUE(output.Commit());
-    back_ = std::make_unique<CTcadEng>(0, nullptr, true);
-    load = ReadDwg(tdk::WString(folder.File("strange.dwg")), *back_);
-    return load;
-  }
-  static void Block(dwg::RecordWriter& records, dwg::Handle handle, const char* name) {
-    dwg::BlockRecord record;
-    record.name = name;
-    records.Object(dwg::kBlockRecord, handle, {}, record);
-  }
-  static void Insert(dwg::RecordWriter& records, dwg::Handle handle, dwg::Handle owner,
-                     dwg::Handle block) {
-    dwg::EntityHead head;
-    head.space = owner == 0 ? dwg::Space::kModel : dwg::Space::kOwner;
-    head.owner = owner;
-    head.layer = 1;
-    dwg::InsertRecord record;
-    record.block = block;
-    records.Entity(dwg::kInsert, handle, head, record);
-  }
-  static void Layer(dwg::RecordWriter& records) {
-    dwg::LayerRecord layer;
-    layer.name = "0";
-    records.Object(dwg::kLayer, 1, {}, layer);
-  }
-};
+class DwgStrange : public DwgOfRecords {};
 
 TEST_F(DwgStrange, AFileWithoutRecordsIsEmpty) {
-  EXPECT_TRUE(LoadRecords([](dwg::RecordWriter&) {}).isLoaded);
+  EXPECT_TRUE(ReadRecords([](dwg::RecordWriter&) {}).isLoaded);
   EXPECT_EQ(Notes(), std::vector<std::string>{});
 }
 
 TEST_F(DwgStrange, BlocksInThemselvesAreToldOf) {
-  LoadRecords([](dwg::RecordWriter& records) {
+  ReadRecords([](dwg::RecordWriter& records) {
     Layer(records);
     Block(records, 2, "A");
     Block(records, 3, "B");
@@ -191,11 +145,31 @@ TEST_F(DwgStrange, BlocksInThemselvesAreToldOf) {
   EXPECT_TRUE(load.isLoaded);
   EXPECT_EQ(Notes(),
             std::vector<std::string>{"inserts of blocks that contain themselves are left out (1)"});
-  EXPECT_EQ(back_->Entities().size(), 1U);
+  EXPECT_EQ(back.Entities().size(), 1U);
+}
+
+// Else a small file could have one long name in each of its blocks.
+TEST_F(DwgStrange, BlocksHaveTheNamesOfTheirOwnBeginningsOnly) {
+  ReadRecords([](dwg::RecordWriter& records) {
+    Layer(records);
+    for (const dwg::Handle block : {2U, 3U}) {
+      dwg::BlockRecord record;
+      record.name = block == 2 ? "*U" : "B";
+      record.begin = 9;
+      records.Object(dwg::kBlockRecord, block, {}, record);
+    }
+    dwg::EntityHead head;
+    head.space = dwg::Space::kOwner;
+    head.owner = 2;
+    dwg::BlockBeginRecord begin{"*U77"};
+    records.Entity(dwg::kBlockBegin, 9, head, begin);
+  });
+  EXPECT_EQ(back.Blocks().at(0).name, "*U77");
+  EXPECT_EQ(back.Blocks().at(1).name, "B");
 }
 
 TEST_F(DwgStrange, OwnersThatAreNotThereAreToldOf) {
-  LoadRecords([](dwg::RecordWriter& records) {
+  ReadRecords([](dwg::RecordWriter& records) {
     Layer(records);
     Insert(records, 4, 77, 2);
     Insert(records, 5, 0, 88);
@@ -216,7 +190,7 @@ TEST_F(DwgStrange, OwnersThatAreNotThereAreToldOf) {
 }
 
 TEST_F(DwgStrange, NumbersThatAreNoneAreLeftOut) {
-  LoadRecords([](dwg::RecordWriter& records) {
+  ReadRecords([](dwg::RecordWriter& records) {
     Layer(records);
     dwg::EntityHead head;
     head.layer = 1;
@@ -232,7 +206,7 @@ TEST_F(DwgStrange, NumbersThatAreNoneAreLeftOut) {
 }
 
 TEST_F(DwgStrange, HugeArraysOfInsertsAreLeftOut) {
-  LoadRecords([](dwg::RecordWriter& records) {
+  ReadRecords([](dwg::RecordWriter& records) {
     Layer(records);
     Block(records, 2, "A");
     dwg::EntityHead head;
@@ -242,14 +216,14 @@ TEST_F(DwgStrange, HugeArraysOfInsertsAreLeftOut) {
     record.columns = record.rows = 65535;
     records.Entity(dwg::kInsertArray, 6, head, record);
   });
-  EXPECT_EQ(back_->Entities().size(), 1U);
+  EXPECT_EQ(back.Entities().size(), 1U);
   EXPECT_EQ(Notes(), std::vector<std::string>{
                          "inserts in rows and columns beyond the largest number are left out "
                          "(4294836224)"});
 }
 
 TEST_F(DwgStrange, RecordsThatLieOverEachOtherAreRefused) {
-  const CadLoad loaded = LoadRecords([](dwg::RecordWriter& records) {
+  const CadLoad loaded = ReadRecords([](dwg::RecordWriter& records) {
     Layer(records);
     for (dwg::Handle handle = 2; handle < 100; ++handle) {
       records.Map().push_back({handle, records.Map().front().address});
@@ -258,6 +232,23 @@ TEST_F(DwgStrange, RecordsThatLieOverEachOtherAreRefused) {
   EXPECT_FALSE(loaded.isLoaded);
   EXPECT_NE(loaded.errorText.ToUtf8().find("the records lie one over the other"),
             std::string::npos);
+}
+
+TEST_F(DwgStrange, DamagedRecordsThatLieOverEachOtherAreRefused) {
+  std::size_t address = 0;
+  ReadRecords([&](dwg::RecordWriter& records) {
+    Layer(records);
+    address = records.Map().front().address;
+    for (dwg::Handle handle = 2; handle < 100; ++handle) {
+      records.Map().push_back({handle, records.Map().front().address});
+    }
+  });
+  std::string bytes = ReadBytes(folder.File("records.dwg"));
+  constexpr std::size_t kLastByteOfSplit = 6;  // where the references are said to begin
+  bytes[address + kLastByteOfSplit] = '\xFF';
+  WriteBytes(folder.File("damaged.dwg"), bytes);
+  load = ReadDwg(tdk::WString(folder.File("damaged.dwg")), back);
+  EXPECT_NE(load.errorText.ToUtf8().find("the records lie one over the other"), std::string::npos);
 }
 
 }  // namespace

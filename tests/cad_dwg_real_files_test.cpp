@@ -43,13 +43,18 @@ class DwgRealFiles : public testing::TestWithParam<const char*> {
     for (const tdk::WString& note : notes) texts.push_back(note.ToUtf8());
     return texts;
   }
-  static std::vector<std::string> WithoutLooks(std::vector<std::string> notes) {
-    std::erase_if(notes, [](const std::string& note) {
-      return note.find("become continuous") != std::string::npos ||
-             note.find("lose thickness") != std::string::npos;
-    });
-    return notes;
+  /// The same text file without line weights, which the old version does not have.
+  static std::string WithoutLineWeights(const std::string& text) {
+    std::string without;
+    for (std::size_t at = 0; at < text.size();) {
+      const std::size_t end = text.find('\n', text.find('\n', at) + 1);
+      const std::string_view pair = std::string_view(text).substr(at, end - at);
+      if (!pair.starts_with("370\n")) without.append(pair).append("\n");
+      at = end == std::string::npos ? text.size() : end + 1;
+    }
+    return without;
   }
+  TemporaryFolder folder_;
   CTcadEng dwg_{0, nullptr, true};
   CTcadEng dxf_{0, nullptr, true};
 };
@@ -57,12 +62,14 @@ class DwgRealFiles : public testing::TestWithParam<const char*> {
 TEST_P(DwgRealFiles, AreTheSameAsTheirTwin) {
   const CadLoad load = ReadDwg(Path(GetParam()), dwg_);
   ASSERT_TRUE(load.isLoaded) << load.errorText.ToUtf8();
-  const CadLoad twin = ReadDxf(Path("sample_AC1015_ascii.dxf"), dxf_);
-  ASSERT_TRUE(twin.isLoaded);
+  std::string text = ReadBytes(KALVIO_REAL_DATA "/cad/sample_AC1015_ascii.dxf");
+  if (std::string(GetParam()) == "sample_AC1014.dwg") text = WithoutLineWeights(text);
+  WriteBytes(folder_.File("twin.dxf"), text);
+  const CadLoad twin = ReadDxf(tdk::WString(folder_.File("twin.dxf")), dxf_);
+  ASSERT_TRUE(twin.isLoaded) << twin.errorLine;
   EXPECT_EQ(Lines(dwg_).size(), 324U);
   EXPECT_EQ(Lines(dwg_), Lines(dxf_));
-  // How entities look, as far as the engine has no such looks, is told of DXF files only.
-  EXPECT_EQ(Texts(load.notes), WithoutLooks(Texts(twin.notes)));
+  EXPECT_EQ(Texts(load.notes), Texts(twin.notes));
 }
 
 INSTANTIATE_TEST_SUITE_P(Files, DwgRealFiles,

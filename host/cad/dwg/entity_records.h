@@ -15,6 +15,15 @@ namespace dwg {
 /// Where an entity lies.
 enum class Space : unsigned { kOwner = 0, kPaper = 1, kModel = 2 };
 
+// How heavy lines are: up to the greatest an index of what is drawn, from none at 0 on.
+inline constexpr std::uint8_t kGreatestWeight = 23;
+inline constexpr std::uint8_t kWeightByLayer = 29;
+inline constexpr std::uint8_t kUsualWeight = 31;
+/// -1 when it is that of the layer, the block or the drawing.
+inline int WeightOf(std::uint8_t lineWeight) {
+  return lineWeight <= kGreatestWeight ? lineWeight : -1;
+}
+
 /// What all entities have.
 struct EntityHead {
   Space space = Space::kModel;
@@ -25,6 +34,8 @@ struct EntityHead {
   std::uint16_t color = 256;
   std::uint16_t invisible = 0;  ///< bit 0
   Handle layer = 0;
+  Handle lineType = 0;  ///< 0: that of the layer or the block, or continuous
+  std::uint8_t lineWeight = kWeightByLayer;
   // What is only kept from the values to the references.
   std::uint32_t reactors = 0;
   bool isLineByLayer = true;
@@ -32,7 +43,6 @@ struct EntityHead {
   unsigned plotKind = 0;
 };
 inline constexpr unsigned kByHandle = 3;  // a line type or plot style
-inline constexpr std::uint8_t kWidthByLayer = 29;
 
 template <class S>
 void Data(S& s, EntityHead& it) {
@@ -51,14 +61,14 @@ void Data(S& s, EntityHead& it) {
     s.TwoBits(it.plotKind);
   }
   s.Short(it.invisible);
-  if (s.Is2000()) s.Bytes({kWidthByLayer});
+  if (s.Is2000()) s.Byte(it.lineWeight);
 }
 
 template <class S>
 void Neighbours(S& s, EntityHead& it) {
   if (!it.hasNeighbours) return;
-  s.Reference(Link::kSoftPointer, it.previous);
-  s.Reference(Link::kSoftPointer, it.next);
+  s.NearReference(it.previous);
+  s.NearReference(it.next);
 }
 
 /// Those that other objects want to be told of, and the dictionary of what other programs add.
@@ -71,12 +81,12 @@ void Followers(S& s, std::uint32_t reactors) {
 
 template <class S>
 void References(S& s, EntityHead& it) {
-  if (it.space == Space::kOwner) s.Reference(Link::kSoftPointer, it.owner);
+  if (it.space == Space::kOwner) s.NearReference(it.owner);
   Followers(s, it.reactors);
   if (s.Is2000()) Neighbours(s, it);
   s.Reference(Link::kHardPointer, it.layer);
   const bool hasLineType = s.Is2000() ? it.lineKind == kByHandle : !it.isLineByLayer;
-  if (hasLineType) s.NoReferences(Link::kHardPointer, 1);
+  if (hasLineType) s.Reference(Link::kHardPointer, it.lineType);
   if (s.Is2000() && it.plotKind == kByHandle) s.NoReferences(Link::kHardPointer, 1);
   if (!s.Is2000()) Neighbours(s, it);
 }

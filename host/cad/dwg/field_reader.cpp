@@ -113,10 +113,10 @@ Handle TakeHandle(BitReader& bits, Handle own) {
     case 3:
     case 4:
     case 5: return value;
-    case 6: return own + 1;
-    case 8: return own - 1;
-    case 0xA: return own + value;
-    case 0xC: return own - value;
+    case kNextOne: return own + 1;
+    case kOneBefore: return own - 1;
+    case kBehind: return own + value;
+    case kBefore: return own - value;
     default: throw Damage{kNoReference};
   }
 }

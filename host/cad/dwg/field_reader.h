@@ -62,6 +62,7 @@ class FieldReader {
   }
   void Zeros(std::size_t bytes) { data_.Skip(8 * bytes); }
   void Reference(Link link, Handle& handle);
+  void NearReference(Handle& handle) { Reference(Link::kSoftPointer, handle); }
 
   // What is always the same.
   void Flags(std::initializer_list<bool> values) { data_.Skip(values.size()); }

@@ -17,6 +17,7 @@ constexpr std::uint64_t kFourBytes = 0b01;
 constexpr std::uint64_t kSixBytes = 0b10;
 constexpr std::uint64_t kEightBytes = 0b11;
 
+unsigned BytesOf(Handle handle) { return static_cast<unsigned>(8 - std::countl_zero(handle) / 8); }
 std::uint64_t BitsOf(double value) { return std::bit_cast<std::uint64_t>(value); }
 
 }  // namespace
@@ -86,11 +87,26 @@ void FieldWriter::Extrusion(const Place& direction) {
   if (!isUp) Point(direction);
 }
 
+void FieldWriter::PutReference(unsigned code, Handle value) {
+  const unsigned size = BytesOf(value);
+  bits_.Bits(std::uint64_t{code} << 4 | size, 8);
+  if (size > 4) bits_.Bits(value >> 32, 8 * (size - 4));
+  if (size > 0) bits_.Bits(value & 0xFFFFFFFF, 8 * std::min(size, 4U));
+}
+
 void FieldWriter::Reference(Link link, Handle handle) {
-  const auto size = static_cast<unsigned>(8 - std::countl_zero(handle) / 8);
-  bits_.Bits(static_cast<std::uint64_t>(link) << 4 | size, 8);
-  if (size > 4) bits_.Bits(handle >> 32, 8 * (size - 4));
-  if (size > 0) bits_.Bits(handle & 0xFFFFFFFF, 8 * std::min(size, 4U));
+  PutReference(static_cast<unsigned>(link), handle);
+}
+
+void FieldWriter::NearReference(Handle handle) {
+  const Handle distance = handle > own_ ? handle - own_ : own_ - handle;
+  if (handle != 0 && distance == 1) {
+    PutReference(handle > own_ ? kNextOne : kOneBefore, 0);
+  } else if (BytesOf(distance) >= BytesOf(handle)) {
+    Reference(Link::kSoftPointer, handle);
+  } else {
+    PutReference(handle > own_ ? kBehind : kBefore, distance);
+  }
 }
 
 }  // namespace dwg

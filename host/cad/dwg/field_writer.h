@@ -17,6 +17,9 @@ class FieldWriter {
  public:
   FieldWriter(BitWriter& bits, Version version) : bits_(bits), version_(version) {}
 
+  /// The handle of the record that is written from now on.
+  void SetOwn(Handle own) { own_ = own; }
+
   static constexpr bool kReads = false;
   bool Is2000() const { return version_ == Version::k2000; }
   bool IsR13() const { return version_ == Version::kR13; }
@@ -59,6 +62,8 @@ class FieldWriter {
     for (std::size_t i = 0; i < bytes; ++i) Byte(0);
   }
   void Reference(Link link, Handle handle);
+  /// A soft pointer, counted from the record's own handle where that is shorter.
+  void NearReference(Handle handle);
 
   // Values that are always the same, and that nobody asks for.
   void Flags(std::initializer_list<bool> values) {
@@ -90,8 +95,11 @@ class FieldWriter {
   }
 
  private:
+  void PutReference(unsigned code, Handle value);
+
   BitWriter& bits_;
   Version version_;
+  Handle own_ = 0;
 };
 
 }  // namespace dwg

@@ -15,6 +15,7 @@ struct LightPolylineRecord {
   double elevation = 0;
   double thickness = 0;
   double width = 0;
+  bool hasWidths = false;  ///< some that are not 0, which is not written
   Place direction = kUp;
   std::vector<Place> points;   ///< flat
   std::vector<double> bulges;  ///< none, or as many as points
@@ -72,7 +73,11 @@ void Data(S& s, LightPolylineRecord& it) {
   }
   LightPoints(s, it.points);
   for (double& bulge : it.bulges) s.Double(bulge);
-  for (std::uint32_t i = 0; i < widths; ++i) s.Doubles({0, 0});
+  for (std::uint32_t i = 0; i < 2 * widths; ++i) {
+    double width = 0;
+    s.Double(width);
+    it.hasWidths = it.hasWidths || width != 0;
+  }
 }
 
 /// What polylines with records of their own for their vertices refer to.
@@ -90,6 +95,8 @@ void References(S& s, VertexChain& it) {
 
 struct FlatPolylineRecord {
   std::uint16_t flags = 0;
+  double startWidth = 0;
+  double endWidth = 0;
   double thickness = 0;
   double elevation = 0;
   Place direction = kUp;
@@ -98,8 +105,9 @@ struct FlatPolylineRecord {
 template <class S>
 void Data(S& s, FlatPolylineRecord& it) {
   s.Short(it.flags);
-  s.Shorts({0});      // kind of curve
-  s.Doubles({0, 0});  // widths
+  s.Shorts({0});  // kind of curve
+  s.Double(it.startWidth);
+  s.Double(it.endWidth);
   s.Thickness(it.thickness);
   s.Double(it.elevation);
   s.Extrusion(it.direction);

@@ -96,15 +96,17 @@ void DrawingReader::SetCodePage() {
 // ---- Tables ----
 
 void DrawingReader::ReadTables() {
+  ReadAll(kLayer, &DrawingReader::ReadLayer);
+  ReadAll(kBlockBegin, &DrawingReader::ReadBlockName);
+  ReadAll(kBlockRecord, &DrawingReader::ReadBlock);
+}
+
+void DrawingReader::ReadAll(Type type, void (DrawingReader::*read)(OpenRecord& open)) {
   for (const IndexedRecord& record : index_.Records()) {
-    if (record.type != kLayer && record.type != kBlockRecord) continue;
+    if (record.type != type) continue;
     try {
       OpenRecord open = index_.Open(record);
-      ObjectHead head;
-      Data(open.fields, head);
-      References(open.fields, head);
-      if (record.type == kLayer) ReadLayer(open);
-      if (record.type == kBlockRecord) ReadBlock(open);
+      (this->*read)(open);
     } catch (const Damage& damage) {
       index_.TellDamage(record, damage);
     }
@@ -112,15 +114,22 @@ void DrawingReader::ReadTables() {
 }
 
 void DrawingReader::ReadLayer(OpenRecord& open) {
+  TakeRecord<ObjectHead>(open);
   const auto record = TakeRecord<LayerRecord>(open);
   const int color = static_cast<std::int16_t>(record.color);
   drawings_[open.own] = layers_.Take(record.name, {!record.isOff && !record.isFrozen && color >= 0,
                                                    record.isLocked, color < 0 ? -color : color});
+  cad_reader::LostLooks looks;
+  looks.TakeLineType(NameOf(record.lineType, kLineType));
+  looks.TakeLineWeight(WeightOf(record.lineWeight));
+  looks.CountInto(notes_);
 }
 
 void DrawingReader::ReadBlock(OpenRecord& open) {
+  TakeRecord<ObjectHead>(open);
   const auto record = TakeRecord<BlockRecord>(open);
-  const std::string name = BlockName(record);
+  const auto named = blockNames_.find(open.own);
+  const std::string& name = named == blockNames_.end() ? record.name : named->second;
   FileBlock& block = blocks_[open.own];
   block.kind = cad_reader::KindOf(name);
   if (block.kind != BlockKind::kUser) return;
@@ -135,14 +144,12 @@ void DrawingReader::ReadBlock(OpenRecord& open) {
 }
 
 // Records of nameless blocks have only the beginning of the name.
-std::string DrawingReader::BlockName(const BlockRecord& record) {
-  const IndexedRecord* const begin = index_.Find(record.begin);
-  if (begin == nullptr || begin->type != kBlockBegin) return record.name;
-  OpenRecord open = index_.Open(*begin);
-  EntityHead head;
-  Data(open.fields, head);
+void DrawingReader::ReadBlockName(OpenRecord& open) {
+  const auto head = TakeRecord<EntityHead>(open);
   auto name = TakeRecord<BlockBeginRecord>(open).name;
-  return name.empty() ? record.name : name;
+  if (head.space == Space::kOwner && !name.empty()) {
+    blockNames_.emplace(head.owner, std::move(name));
+  }
 }
 
 // ---- Entities ----
@@ -169,12 +176,11 @@ void DrawingReader::ReadEntities(bool isModel) {
 
 void DrawingReader::ReadEntity(const IndexedRecord& record) {
   OpenRecord open = index_.Open(record);
-  EntityHead head;
-  Data(open.fields, head);
-  References(open.fields, head);
+  const auto head = TakeRecord<EntityHead>(open);
   if (!Aim(head)) return;
   const std::uint16_t color = head.color <= cad::kByLayer ? head.color : cad::kByLayer;
   sink_.SetLook(DrawingOf(head.layer), color);
+  TakeLooks(head);
   Take(record.type, open);
 }
 
@@ -214,9 +220,10 @@ void DrawingReader::Take(unsigned type, OpenRecord& open) {
                                         [&](const Rule& each) { return each.type == type; });
   if (rule == std::end(kRules)) {
     notes_.CountNotRead(index_.NameOf(type));
-  } else {
-    (this->*rule->take)(open);
+    return;
   }
+  (this->*rule->take)(open);
+  looks_.CountInto(notes_);
 }
 
 }  // namespace dwg

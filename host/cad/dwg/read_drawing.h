@@ -10,6 +10,7 @@
 #include "host/cad/dwg/table_records.h"
 #include "host/cad/dwg/text_records.h"
 #include "host/cad/reading/layers.h"
+#include "host/cad/reading/looks.h"
 #include "host/cad/reading/sink.h"
 #include "host/cad/reading/text.h"
 
@@ -39,14 +40,20 @@ class DrawingReader {
 
   void SetCodePage();
   void ReadTables();
+  void ReadAll(Type type, void (DrawingReader::*read)(OpenRecord& open));
   void ReadLayer(OpenRecord& open);
   void ReadBlock(OpenRecord& open);
-  std::string BlockName(const BlockRecord& record);
+  void ReadBlockName(OpenRecord& open);
   void ReadEntities(bool isModel);
   void ReadEntity(const IndexedRecord& record);
   // Where the entity goes; false when it is left out, and counted.
   bool Aim(const EntityHead& head);
   int DrawingOf(Handle layer);
+  void TakeLooks(const EntityHead& head);
+  void TakeTextLooks(double thickness, Handle style);
+  // A line type's or a text style's, as it is in the file; empty when it is not there.
+  const std::string& NameOf(Handle handle, Type type);
+  std::string ReadName(Handle handle, Type type);
   void Take(unsigned type, OpenRecord& open);
   template <class Record>
   static Record TakeRecord(OpenRecord& open);
@@ -85,8 +92,11 @@ class DrawingReader {
   RecordIndex index_;
   std::map<Handle, int> drawings_;  // by their layers' handles
   std::map<Handle, FileBlock> blocks_;
+  std::map<Handle, std::string> blockNames_;  // by the handles of the blocks
   Handle lastLayer_ = 0;
   int lastDrawing_ = 1;
+  cad_reader::LostLooks looks_;  // of the entity
+  std::map<Handle, std::string> names_;
 };
 
 template <class Record>
@@ -103,9 +113,7 @@ void DrawingReader::ForEachPart(Handle owner, const Function& function) {
   for (const auto& [handle, part] : index_.PartsOf(owner)) {
     try {
       OpenRecord open = index_.Open(*part);
-      EntityHead head;
-      Data(open.fields, head);
-      References(open.fields, head);
+      TakeRecord<EntityHead>(open);
       function(part->type, open);
     } catch (const Damage& damage) {
       index_.TellDamage(*part, damage);

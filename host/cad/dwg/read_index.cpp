@@ -92,8 +92,8 @@ RecordIndex::RecordIndex(File& file, cad_reader::Notes& notes) : file_(file), no
 void RecordIndex::Look(const MapEntry& entry) {
   IndexedRecord record{entry.handle, entry.address};
   try {
+    CountBytes(entry.address);
     OpenRecord open = OpenAt(entry.address);
-    CountBytes(open.bytes, entry.address);
     if (open.own != entry.handle) throw Damage{kOther};
     if (!open.hasRightChecksum) notes_.Count(Note::kChecksum);
     record.type = static_cast<std::uint16_t>(open.type);
@@ -111,10 +111,13 @@ void RecordIndex::Look(const MapEntry& entry) {
   }
 }
 
-// Records cannot be larger than the file together; else a small file could be read for ever.
-void RecordIndex::CountBytes(std::size_t bytes, std::uint32_t address) {
-  bytes_ += bytes;
-  if (bytes_ > file_.Size()) {
+// Records cannot be larger than the file together, beside one whose size is damaged; else a small
+// file could be read for ever, also when none of them is in order.
+void RecordIndex::CountBytes(std::uint32_t address) {
+  std::size_t start = address;
+  const std::size_t size = TakeSize(file_, start);
+  if (start + size <= file_.Size()) bytes_ += size;
+  if (bytes_ > 2 * file_.Size()) {
     throw FailureAt(address, Xlate("the records lie one over the other"));
   }
 }
@@ -141,11 +144,7 @@ OpenRecord RecordIndex::OpenAt(std::uint32_t address) const {
   const unsigned crc = static_cast<unsigned>(
       static_cast<unsigned char>(file_.Bytes()[end]) |
       static_cast<unsigned>(static_cast<unsigned char>(file_.Bytes()[end + 1])) << 8);
-  return {type,
-          isEntity,
-          own,
-          size,
-          crc == Crc(kCrcStart, all),
+  return {type, isEntity, own, crc == Crc(kCrcStart, all),
           FieldReader(bits.UpTo(split), bits.From(split), file_.FileVersion(), own)};
 }
 

@@ -19,7 +19,6 @@ struct OpenRecord {
   unsigned type = 0;
   bool isEntity = false;
   Handle own = 0;
-  std::size_t bytes = 0;
   bool hasRightChecksum = true;
   FieldReader fields;
 };
@@ -53,7 +52,7 @@ class RecordIndex {
 
  private:
   void Look(const MapEntry& entry);
-  void CountBytes(std::size_t bytes, std::uint32_t address);
+  void CountBytes(std::uint32_t address);
   void CollectParts();
   void CountLostParts();
   OpenRecord OpenAt(std::uint32_t address) const;

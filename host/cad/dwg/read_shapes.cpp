@@ -21,21 +21,26 @@ std::vector<cad::Point> CornersOf(const Place (&corners)[4], std::optional<doubl
 }  // namespace
 
 void DrawingReader::TakePoint(OpenRecord& open) {
-  sink_.Put(cad::PointShape{TakeRecord<PointRecord>(open).at});
+  const auto record = TakeRecord<PointRecord>(open);
+  looks_.TakeExtent(record.thickness);
+  sink_.Put(cad::PointShape{record.at});
 }
 
 void DrawingReader::TakeLine(OpenRecord& open) {
   const auto record = TakeRecord<LineRecord>(open);
+  looks_.TakeExtent(record.thickness);
   sink_.Put(cad::LineShape{record.from, record.to});
 }
 
 void DrawingReader::TakeCircle(OpenRecord& open) {
   const auto record = TakeRecord<CircleRecord>(open);
+  looks_.TakeExtent(record.thickness);
   sink_.PutCircle(record.center, record.radius, cad_reader::Plane(record.direction));
 }
 
 void DrawingReader::TakeArc(OpenRecord& open) {
   const auto record = TakeRecord<ArcRecord>(open);
+  looks_.TakeExtent(record.circle.thickness);
   sink_.PutArc({record.circle.center, record.circle.radius, cad_reader::Degrees(record.start),
                 cad_reader::Degrees(record.end)},
                cad_reader::Plane(record.circle.direction));
@@ -66,6 +71,7 @@ void DrawingReader::TakeFace(OpenRecord& open) {
 
 void DrawingReader::TakeSolid(OpenRecord& open) {
   const auto record = TakeRecord<SolidRecord>(open);
+  looks_.TakeExtent(record.thickness);
   sink_.PutSolid(CornersOf(record.corners, record.elevation), cad_reader::Plane(record.direction));
 }
 
@@ -73,6 +79,8 @@ void DrawingReader::TakeSolid(OpenRecord& open) {
 
 void DrawingReader::TakeLightPolyline(OpenRecord& open) {
   auto record = TakeRecord<LightPolylineRecord>(open);
+  looks_.TakeExtent(record.thickness);
+  looks_.TakeExtent(record.hasWidths ? 1 : record.width);
   cad::PolylineShape line;
   line.isClosed = record.isClosed;
   line.points.reserve(record.points.size());
@@ -108,6 +116,9 @@ void DrawingReader::CollectVertices(Handle owner, cad_reader::VertexLine& line) 
 
 void DrawingReader::TakeFlatPolyline(OpenRecord& open) {
   const auto record = TakeRecord<FlatPolylineRecord>(open);
+  for (const double extent : {record.thickness, record.startWidth, record.endWidth}) {
+    looks_.TakeExtent(extent);
+  }
   constexpr int kOwnFlags = cad_reader::kLineClosed | cad_reader::kLineSmoothed;
   cad_reader::VertexLine line;
   line.flags = record.flags & kOwnFlags;

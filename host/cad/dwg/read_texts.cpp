@@ -17,6 +17,8 @@ cad::Point PlaceOf(const TextRecord& record) {
 
 void DrawingReader::TakeText(OpenRecord& open) {
   const auto record = TakeRecord<TextRecord>(open);
+  TakeTextLooks(record.thickness, record.style);
+  looks_.TakeLetters(record.width, record.slant);
   sink_.PutText({PlaceOf(record), record.height, cad_reader::Degrees(record.rotation),
                  text_.Line(record.text)},
                 cad_reader::Plane(record.direction));
@@ -25,6 +27,7 @@ void DrawingReader::TakeText(OpenRecord& open) {
 // Its place and the direction of its lines are the world's.
 void DrawingReader::TakeMultiText(OpenRecord& open) {
   const auto record = TakeRecord<MultiTextRecord>(open);
+  TakeTextLooks(0, record.style);
   const double direction =
       cad_reader::WithinTurn(cad_reader::Degrees(std::atan2(record.along.y, record.along.x)));
   sink_.PutLines({record.at, record.height, direction, record.attachment, record.spacing,
@@ -35,6 +38,7 @@ void DrawingReader::TakeMultiText(OpenRecord& open) {
 void DrawingReader::TakeDefinition(OpenRecord& open) {
   const AttributeRecord record = TakeRecord<AttributeDefinitionRecord>(open).attribute;
   const TextRecord& text = record.text;
+  TakeTextLooks(text.thickness, text.style);
   sink_.PutDefinition(
       {text_.Name(record.tag), PlaceOf(text), text.height},
       {PlaceOf(text), text.height, cad_reader::Degrees(text.rotation), text_.Line(text.text)},

@@ -23,6 +23,7 @@ std::string_view SizeWords(std::array<char, 6>& words, std::size_t size) {
 
 void RecordWriter::Begin(unsigned type, Handle handle) {
   bits_.Clear();
+  fields_.SetOwn(handle);
   fields_.Short(static_cast<std::uint16_t>(type));
   if (fields_.Is2000()) ReserveSize();
   fields_.Reference(Link::kOwn, handle);

@@ -128,6 +128,7 @@ struct LayerRecord {
   bool isOff = false;
   bool isLocked = false;
   std::uint16_t color = 7;
+  std::uint8_t lineWeight = kUsualWeight;
   Handle plotStyle = 0;
   Handle lineType = 0;
 };
@@ -137,13 +138,17 @@ void LayerState2000(S& s, LayerRecord& it) {
   constexpr unsigned kFrozen = 1;
   constexpr unsigned kOff = 2;
   constexpr unsigned kLocked = 8;
-  constexpr unsigned kUsual = 16 | 31 << 5;  // is plotted, in the usual width
+  constexpr unsigned kPlotted = 16;
+  constexpr unsigned kWeightShift = 5;
+  constexpr unsigned kWeightBits = 31;
   auto state = static_cast<std::uint16_t>((it.isFrozen ? kFrozen : 0) | (it.isOff ? kOff : 0) |
-                                          (it.isLocked ? kLocked : 0) | kUsual);
+                                          (it.isLocked ? kLocked : 0) | kPlotted |
+                                          static_cast<unsigned>(it.lineWeight) << kWeightShift);
   s.Short(state);
   it.isFrozen = (state & kFrozen) != 0;
   it.isOff = (state & kOff) != 0;
   it.isLocked = (state & kLocked) != 0;
+  it.lineWeight = static_cast<std::uint8_t>(state >> kWeightShift & kWeightBits);
 }
 
 template <class S>

@@ -33,6 +33,12 @@ enum class Link : std::uint8_t {
   kHardPointer = 5
 };
 
+/// What stands in its place when a soft pointer is counted from the record that it stands in.
+inline constexpr unsigned kNextOne = 6;
+inline constexpr unsigned kOneBefore = 8;
+inline constexpr unsigned kBehind = 0xA;
+inline constexpr unsigned kBefore = 0xC;
+
 /// Kinds of records.
 enum Type : std::uint16_t {
   kText = 1,

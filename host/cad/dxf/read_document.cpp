@@ -98,8 +98,7 @@ void DocumentReader::ReadTables() {
     if (pairs_.Is(0, "LAYER")) {
       record_.Read(pairs_);
       context_.layers.Take(record_.Text(2), StateOf(record_));
-      if (record_.HasPattern()) context_.notes.Count(Note::kLineType);
-      if (record_.HasOwnLooks()) context_.notes.Count(Note::kLooks);
+      record_.Looks().CountInto(context_.notes);
     } else {
       pairs_.Advance();
     }

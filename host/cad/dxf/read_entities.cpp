@@ -62,7 +62,7 @@ void EntityReader::ReadOne() {
     CountOther(kind);
     return;
   }
-  isWide_ = false;
+  looks_ = {};
   if (rule->read != nullptr) {
     (this->*rule->read)();
   } else {
@@ -73,10 +73,9 @@ void EntityReader::ReadOne() {
     return;
   }
   sink_.SetLook(context_.layers.IdOf(fields_.Layer()), ColorOf(fields_));
-  if (fields_.HasPattern()) context_.notes.Count(Note::kLineType);
-  // Told once of an entity: how it looks, as far as the engine has no such looks.
-  if (isWide_ || fields_.HasOwnLooks()) context_.notes.Count(Note::kLooks);
+  looks_.Take(fields_.Looks());
   (this->*rule->take)();
+  looks_.CountInto(context_.notes);
   if (!hasReserved_ && sink_.PutIntoEngine() >= kSample) ReserveRest();
 }
 

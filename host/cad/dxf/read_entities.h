@@ -10,6 +10,7 @@
 #include "host/cad/dxf/read_pairs.h"
 #include "host/cad/reading/blocks.h"
 #include "host/cad/reading/layers.h"
+#include "host/cad/reading/looks.h"
 #include "host/cad/reading/notes.h"
 #include "host/cad/reading/sink.h"
 #include "host/cad/reading/text.h"
@@ -103,8 +104,8 @@ class EntityReader {
   bool isPaper_ = false;
   Fields fields_;
   Fields part_;  // of a vertex or an attribute
+  LostLooks looks_;
   cad::PolylineShape line_;
-  bool isWide_ = false;  // a width of the polyline is not zero
   VertexLine vertices_;
   Spline spline_;
   std::string lines_;

@@ -4,37 +4,27 @@
 #include <limits>
 
 namespace dxf_reader {
-namespace {
-
-std::string InCapitals(std::string_view name) {
-  std::string capitals(name);
-  std::transform(capitals.begin(), capitals.end(), capitals.begin(), [](char c) {
-    return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c;
-  });
-  return capitals;
-}
-
-}  // namespace
 
 int Fields::Narrowed(std::int64_t number) {
   constexpr std::int64_t kMost = std::numeric_limits<int>::max();
   return static_cast<int>(std::clamp(number, -kMost, kMost));
 }
 
-bool Fields::HasPattern() const {
-  if (!Has(6)) return false;
-  const std::string name = InCapitals(texts_[6]);
-  return !name.empty() && name != "CONTINUOUS" && name != "BYLAYER" && name != "BYBLOCK";
+cad_reader::LostLooks Fields::Looks() const {
+  cad_reader::LostLooks looks = looks_;
+  looks.TakeExtent(Real(kThickness));
+  return looks;
 }
 
 void Fields::Begin(PairStream& pairs) {
   pairs_ = &pairs;
-  for (const int code : {1, 2, 3, 6, 8}) {
+  for (const int code : {1, 2, 3, 8}) {
     if (Has(code)) texts_[Index(code)].clear();
   }
   has_ = {};
   extrusion_ = {0, 0, 1};
-  hasExtrusion_ = hasOwnLooks_ = isInGroup_ = isOver_ = false;
+  looks_ = {};
+  hasExtrusion_ = isInGroup_ = isOver_ = false;
 }
 
 // "{...": a group up to "}"; another object inside this one: all that follows.
@@ -54,7 +44,7 @@ void Fields::Store() {
   } else if (code >= kFirstWhole && code < kEnd) {
     MarkAs(code);
     wholes_[Index(code - kFirstWhole)] = Narrowed(pairs_->Whole());
-  } else if ((code >= 1 && code <= 3) || code == 6 || code == static_cast<int>(kLayerCode)) {
+  } else if ((code >= 1 && code <= 3) || code == static_cast<int>(kLayerCode)) {
     StoreText(Index(code));
   } else if (code == 210 || code == 220 || code == 230) {
     StoreExtrusion(code);
@@ -63,18 +53,20 @@ void Fields::Store() {
   }
 }
 
-// Line weights below zero are those of the layer, the block or the drawing.
 void Fields::LookAtLooks(int code) {
+  constexpr int kLineType = 6;
   constexpr int kTextStyle = 7;
   constexpr int kLineWeight = 370;
   constexpr int kTrueColor = 420;
   constexpr int kTransparency = 440;
-  if (code == kTextStyle) {
-    hasOwnLooks_ = hasOwnLooks_ || InCapitals(pairs_->Text()) != "STANDARD";
-  } else if (code == kLineWeight || code == kTransparency) {
-    hasOwnLooks_ = hasOwnLooks_ || pairs_->Whole() > 0;
-  } else if (code == kTrueColor) {
-    hasOwnLooks_ = true;
+  if (code == kLineType) {
+    looks_.TakeLineType(pairs_->Text());
+  } else if (code == kTextStyle) {
+    looks_.TakeTextStyle(pairs_->Text());
+  } else if (code == kLineWeight) {
+    looks_.TakeLineWeight(pairs_->Whole());
+  } else if (code == kTrueColor || (code == kTransparency && pairs_->Whole() > 0)) {
+    looks_.TakeTrueColor();
   }
 }
 

@@ -7,11 +7,12 @@
 #include <string_view>
 
 #include "host/cad/dxf/read_pairs.h"
+#include "host/cad/reading/looks.h"
 #include "model/drawing_entities.h"
 
 namespace dxf_reader {
 
-/// Keeps the texts of codes 1 to 3, 6 and 8, the numbers of 10 to 79 and the extrusion direction;
+/// Keeps the texts of codes 1 to 3 and 8, the numbers of 10 to 79 and the extrusion direction;
 /// the last value of a code holds. One object is for many records, one after the other.
 class Fields {
  public:
@@ -45,11 +46,8 @@ class Fields {
   /// As it is in the file; empty when it is not there.
   std::string_view Text(int code) const { return texts_[Index(code)]; }
   std::string_view Layer() const { return texts_[kLayerCode]; }
-  /// Whether a record names a linetype other than a continuous line or that of its layer or block.
-  bool HasPattern() const;
-  /// Whether it says of its looks what a drawing of the engine does not have: a thickness, a line
-  /// weight, a true colour, transparency, a text style other than the standard one.
-  bool HasOwnLooks() const { return hasOwnLooks_ || Real(kThickness) != 0; }
+  /// What every kind of record may say of its looks.
+  cad_reader::LostLooks Looks() const;
   const cad::Point& Extrusion() const { return extrusion_; }
   bool HasExtrusion() const { return hasExtrusion_; }
 
@@ -83,7 +81,7 @@ class Fields {
   std::array<int, kEnd - kFirstWhole> wholes_{};
   cad::Point extrusion_;
   bool hasExtrusion_ = false;
-  bool hasOwnLooks_ = false;
+  cad_reader::LostLooks looks_;
   bool isInGroup_ = false;
   bool isOver_ = false;
 };

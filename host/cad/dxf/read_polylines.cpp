@@ -25,7 +25,7 @@ bool EntityReader::KeepLightVertex() {
   } else if (code == 42 && !line_.bulges.empty()) {
     line_.bulges.back() = pairs_.Real();
   } else if (code == 40 || code == 41 || code == 43) {
-    isWide_ = isWide_ || pairs_.Real() != 0;
+    looks_.TakeExtent(pairs_.Real());
   }
   return code == 10 || code == 20 || (code >= 40 && code <= 43);
 }
@@ -41,8 +41,9 @@ void EntityReader::TakePolyline() {
   const bool isSmoothed = fields_.HasFlag(70, kLineSmoothed);
   constexpr int kKinds = 8 | 16 | 64;  // lines in space, meshes
   const bool isFlat = (vertices_.flags & kKinds) == 0;
-  const bool isWide = isFlat && (fields_.Real(40) != 0 || fields_.Real(41) != 0);
-  if (isWide && !fields_.HasOwnLooks()) context_.notes.Count(Note::kLooks);
+  if (isFlat) {
+    for (const int code : {40, 41}) looks_.TakeExtent(fields_.Real(code));
+  }
   vertices_.rows = fields_.Whole(isSmoothed ? 73 : 71);
   vertices_.columns = fields_.Whole(isSmoothed ? 74 : 72);
   sink_.PutVertexLine(vertices_, PlaneOf());

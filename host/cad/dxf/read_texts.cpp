@@ -16,8 +16,7 @@ cad::TextShape EntityReader::TextOfFields() {
 }
 
 void EntityReader::TakeText() {
-  const bool isStretched = fields_.Real(41, 1) != 1 || fields_.Real(51) != 0;
-  if (isStretched && !fields_.HasOwnLooks()) context_.notes.Count(Note::kLooks);
+  looks_.TakeLetters(fields_.Real(41, 1), fields_.Real(51));
   sink_.PutText(TextOfFields(), PlaneOf());
 }
 
