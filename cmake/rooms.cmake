@@ -34,7 +34,7 @@ endif()
 option(KALVIO_PRECOMPILE "Compile the headers that nearly every file includes once" OFF)
 set(kalvio_common_headers <algorithm> <array> <cmath> <cstdint> <filesystem> <functional> <map> <memory> <optional>
                           <span> <string> <string_view> <unordered_map> <utility> <variant> <vector>
-                          <nlohmann/json.hpp> ${PROJECT_SOURCE_DIR}/host/document/host_document.h)
+                          <nlohmann/json.hpp> <host/document/host_document.h>)
 if(KALVIO_PRECOMPILE)
   file(WRITE ${CMAKE_BINARY_DIR}/common_headers.cpp "")
   foreach(visibility default hidden)
