@@ -4,6 +4,7 @@
 
 #include "services/ini_file.h"
 #include "support/cadastral_jobs.h"
+#include "support/dat_reader.h"
 
 namespace {
 
@@ -20,7 +21,12 @@ class DatLines : public testing::Test {
     cadastral_jobs::FillHeading(*document.GetCts());
     CLibCmp& library = *document.GetLibCmp();
     library.AddJob(true);
-    for (const char* name : {"S", "T", "U"}) library.AddSta(0, true)->SetNome(name);
+    for (const char* name : {"S", "T", "U"}) {
+      library.AddSta(0, true)->SetNome(name);
+      CPun* const point = library.AddPun(0, library.GetStaArSize(0) - 1, true);
+      point->SetNome("P");
+      point->SetDtIntAng(10, 100, 0, 0);
+    }
   }
   std::vector<std::string> Written(char type) {
     return Records(cadastral_jobs::Compose(document).bytes, type);
@@ -51,6 +57,39 @@ TEST_F(DatLines, AContourThatCannotBeDrawnIsNamedByItsNumber) {
   EXPECT_THAT(Faults(),
               ElementsAre("contour 2: \"XX\" is no type of line (NC, NT, NP, RC, RT, RP, PV)",
                           "contour 3 has too few points", "contour 4 has too few points"));
+}
+
+TEST_F(DatLines, AContourGoesOnInFurtherLinesWhereTheSettingsLimitThem) {
+  document.Settings().Set("Catasto", "VerticiPerRiga", "2");
+  JobSettings::MakeCurrent(&document.Settings());
+  survey.contours = {{{"S", "T", "U", "P", "S"}, "NC"}, {{"S", "T"}, "RC"}};
+  const std::string bytes = cadastral_jobs::Compose(document).bytes;
+  JobSettings::MakeCurrent(nullptr);
+  EXPECT_THAT(Records(bytes, '7'),
+              ElementsAre("7|5|S|T|NC|", "7|0|U|P|NC|", "7|0|S|NC|", "7|2|S|T|RC|"));
+  EXPECT_THAT(dat_reader::Read(bytes).contours,
+              ElementsAre(dat_reader::Fields{"5", "S", "T", "U", "P", "S", "NC"},
+                          dat_reader::Fields{"2", "S", "T", "RC"}));
+}
+
+TEST_F(DatLines, AContourIsOneLineWhereTheyDoNot) {
+  cadastre::Contour contour{{}, "RC"};
+  contour.points.assign(200, "S");
+  survey.contours = {contour};
+  EXPECT_EQ(Written('7').size(), 1U);
+}
+
+TEST_F(DatLines, APointOfAContourNeedsAName) {
+  survey.contours = {{{"S", " ", "T"}, "NC"}};
+  EXPECT_THAT(Faults(), ElementsAre("contour 1 has a point without a name"));
+}
+
+TEST_F(DatLines, PointsThatWouldHaveOneNameInTheFileAreNamed) {
+  document.GetLibCmp()->GetStaAt(0, 0)->SetNome("\xCE\xB1");  // two Greek letters
+  document.GetLibCmp()->GetStaAt(0, 1)->SetNome("\xCE\xB2");
+  survey.contours = {{{"\xCE\xB1", "\xCE\xB2", " U "}, "NC"}};
+  EXPECT_THAT(Faults(), ElementsAre("points \"\xCE\xB1\" and \"\xCE\xB2\" would have one name in "
+                                    "the file"));
 }
 
 TEST_F(DatLines, AFiducialPointHasItsNorthFirst) {

@@ -49,6 +49,26 @@ TEST_F(DatTotalStation, AnObservationWithAHeightHasSixFields) {
   EXPECT_THAT(Faults(), IsEmpty());
 }
 
+TEST_F(DatTotalStation, StationsWithoutObservationsStandThereAndAreTold) {
+  AddStation("T");
+  AddStation("U");
+  Observe("P", 10, 100, 0);
+  AddStation("V");
+  Observe("Q", UndefinedValue, 100, 0);
+  EXPECT_THAT(Written('1'),
+              ElementsAre("1|S|1.500||", "1|T|1.500||", "1|U|1.500||", "1|V|1.500||"));
+  EXPECT_THAT(Remarks(),
+              ElementsAre("observations without a distance or a direction are left out (1)",
+                          "stations have no observations in the file (3)"));
+}
+
+TEST_F(DatTotalStation, ANameOfBlanksIsNone) {
+  Observe(" \t", 10, 100, 0);
+  AddStation("  ");
+  EXPECT_THAT(Faults(), ElementsAre("a point that was observed from station S has no name",
+                                    "a station has no name"));
+}
+
 TEST_F(DatTotalStation, WithoutAZenithAngleTheDistanceIsHorizontal) {
   Observe("P", 24.6855, UndefinedValue, 359.7077).SetSecScri("EDGE");
   EXPECT_THAT(Written('2'), ElementsAre("2|P|359.7077|24.686|EDGE|"));

@@ -70,6 +70,74 @@ TEST_F(Shape, WhoIsKilledWhileWritingLeavesTheOldSet) {
   for (const auto& [name, bytes] : before) EXPECT_EQ(Bytes(name), bytes) << name;
 }
 
+TEST_F(Shape, WhoIsKilledAtAnyTimeLeavesTheOldSet) {
+  Convert({"points.csv", "points.shp"});
+  std::map<std::string, std::string> before;
+  for (const char* const name : {"points.shp", "points.shx", "points.dbf", "points.cpg"}) {
+    before[name] = Bytes(name);
+  }
+  std::string many;
+  for (int i = 0; i < 200'000; ++i) many += "P" + std::to_string(i) + ";1;2;3;X\n";
+  folder.Write("many.csv", many);
+  // As soon as it has begun to write; a slow machine may kill it before, which is no harm.
+  const Outcome run = RunProgram(
+      "sh",
+      {"-c",
+       "\"$0\" convert many.csv points.shp & "
+       "for i in $(seq 500); do test -z \"$(ls -A | grep part-)\" || break; sleep 0.01; done; "
+       "kill -9 $!; wait $!",
+       KALVIO_PROGRAM},
+      where);
+  EXPECT_EQ(run.status, 128 + 9) << run.err;
+  for (const auto& [name, bytes] : before) EXPECT_EQ(Bytes(name), bytes) << name;
+}
+
+TEST_F(Shape, ThemesWhoseNamesMakeOneFileGetOneEach) {
+  folder.Write("job.json", R"({"gis": {"themes": [
+      {"name": "a/b", "features": [{"parts": [[[1, 2]]]}]},
+      {"name": "A_b", "features": [{"parts": [[[3, 4]]]}, {}]}]}})");
+  const Outcome run = Run({"convert", "--job", "job.json", "out.shp"});
+  EXPECT_EQ(run.status, 0) << run.err;
+  EXPECT_THAT(run.err, AllOf(HasSubstr("wrote out-a_b.shp"), HasSubstr("wrote out-A_b_1.shp")));
+  EXPECT_EQ(Bytes("out-a_b.shp").size(), 128U);
+  EXPECT_EQ(Bytes("out-A_b_1.shp").size(), 140U);
+  EXPECT_EQ(Json("job.json")["gis"]["themes"][1]["name"], "A_b");
+}
+
+TEST_F(Shape, WhatIsToldOfOneOfSeveralThemesNamesItsFile) {
+  folder.Write("job.json", R"({"gis": {"themes": [{"name": "a", "features": [{}]},
+      {"name": "b", "fields": [{"name": "VeryLongName"}], "features": [{}]}]}})");
+  const Outcome run = Run({"convert", "--job", "job.json", "out.shp"});
+  EXPECT_THAT(run.err, AllOf(HasSubstr("out.shp: out-a.shp: there are no fields"),
+                             HasSubstr("out.shp: out-b.shp: field \"VeryLongName\"")));
+}
+
+TEST_F(Shape, AFileThatTheDialogWouldTakeForAnotherIsRefused) {
+  Convert({"points.csv", "points.shp"});
+  for (const char* const extension : {".shp", ".dbf"}) {
+    std::filesystem::copy_file(folder.File(std::string("points") + extension),
+                               folder.File(std::string("points.shp.old") + extension));
+  }
+  const Outcome run = Run({"convert", "points.shp.old.shp", "back.csv"});
+  EXPECT_EQ(run.status, 1);
+  EXPECT_THAT(run.err, HasSubstr("points.shp.old.shp: rename it"));
+}
+
+TEST_F(Shape, AFolderIsNoShapeFile) {
+  std::filesystem::create_directory(folder.File("d.shp"));
+  const Outcome run = Run({"convert", "d.shp", "back.csv"});
+  EXPECT_EQ(run.status, 1);
+  EXPECT_EQ(run.err, "kalvio: d.shp: cannot be opened: Is a directory\n");
+}
+
+TEST_F(Shape, ExtensionsMayBeInAnyLetters) {
+  Convert({"points.csv", "points.shp"});
+  std::filesystem::rename(folder.File("points.shp"), folder.File("points.sHp"));
+  std::filesystem::rename(folder.File("points.dbf"), folder.File("points.dBF"));
+  Convert({"points.sHp", "back.csv"});
+  EXPECT_THAT(Bytes("back.csv"), HasSubstr("P1;10.000;20.000;5.500;EDGE"));
+}
+
 TEST_F(Shape, TheReferenceSystemIsWrittenBesideIt) {
   Convert({"--crs", "EPSG:32632", "points.csv", "points.shp"});
   EXPECT_THAT(Bytes("points.prj"), HasSubstr("PROJCS[\"WGS_1984_UTM_Zone_32N\""));

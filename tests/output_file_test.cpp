@@ -415,4 +415,26 @@ TEST(OutputFile, ClosesItsFile) {
   EXPECT_EQ(before, after);
 }
 
+TEST(OutputFile, BesideItsTargetOnlyNeverWritesOverIt) {
+  const TemporaryFolder folder;
+  const std::string path = folder.Write("a", "old");
+  ASSERT_EQ(chmod(path.c_str(), 0666), 0);
+  ASSERT_EQ(chmod(folder.Path().c_str(), 0555), 0);
+  {
+    const OrdinaryUser user;
+    const TroubleLog log;
+    OutputFile file;
+    EXPECT_FALSE(file.OpenBeside(path));
+    ASSERT_EQ(log.Troubles().size(), 1U);
+    EXPECT_EQ(log.Troubles()[0].error, EACCES);
+  }
+  ASSERT_EQ(chmod(folder.Path().c_str(), 0755), 0);
+  EXPECT_EQ(ReadBytes(path), "old");
+  OutputFile file;
+  ASSERT_TRUE(file.OpenBeside(path));
+  file.Buffer() += "new";
+  EXPECT_TRUE(file.Commit());
+  EXPECT_EQ(ReadBytes(path), "new");
+}
+
 }  // namespace

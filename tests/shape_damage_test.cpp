@@ -2,6 +2,7 @@
 // theme.
 #include <random>
 
+#include "host/gis/dbf_reader.h"
 #include "tests/support/random.h"
 #include "tests/support/shape_sets.h"
 
@@ -115,6 +116,38 @@ TEST_F(ShapeDamage, CountsThatLieCostNoMemory) {
   PutLittle(content, 0x7FFFFFFF);  // parts
   PutLittle(content, 0x7FFFFFFF);  // vertices
   EXPECT_FALSE(ReadWith(ShpFile(3, {content}), DbfFile({{"A", 'C', 1}}, {" x"})).isDone);
+}
+
+TEST_F(ShapeDamage, VerticesBeforeTheFirstPartAreDamageAndNotLost) {
+  std::string content;
+  PutLittle(content, 3);
+  content.append(32, '\0');
+  PutLittle(content, 1);
+  PutLittle(content, 3);
+  PutLittle(content, 1);  // the part begins at the second vertex
+  for (const double number : {1, 2, 3, 4, 5, 6}) PutDouble(content, number);
+  EXPECT_THAT(Texts(ReadWith(ShpFile(3, {content}), DbfFile({{"A", 'C', 1}}, {" x"})).notes),
+              Contains("shape 1 is damaged"));
+}
+
+TEST_F(ShapeDamage, ARecordThatCannotBeReadIsNoDeletedOne) {
+  // A disk that fails behind the first record.
+  struct Failing : shape::MemoryStream {
+    using MemoryStream::MemoryStream;
+    std::size_t Read(char* bytes, std::size_t size) override {
+      return place > 100 ? 0 : MemoryStream::Read(bytes, size);
+    }
+  };
+  const std::string bytes = DbfFile({{"A", 'C', 50}}, {std::string(51, ' '), std::string(51, ' ')});
+  Failing stream(bytes);
+  const auto reader = shape::DbfReader::Open(stream, "");
+  ASSERT_NE(reader, nullptr);
+  gis::CTable table("t");
+  table.AddField(reader->Fields()[0]);
+  EXPECT_EQ(reader->RowCount(), 2);
+  EXPECT_EQ(reader->ReadRow(0, table), shape::RowState::kRead);
+  EXPECT_EQ(reader->ReadRow(1, table), shape::RowState::kUnreadable);
+  EXPECT_EQ(table.GetNumRows(), 1);
 }
 
 TEST_F(ShapeDamage, ARecordOfAnotherKindIsEmptyAndCounted) {

@@ -106,8 +106,8 @@ TEST_F(ShapeImports, WithoutATableThereAreNoValues) {
   std::filesystem::remove(folder.File("points.dbf"));
   EXPECT_TRUE(Call(&merger));
   EXPECT_EQ(library.GetTheme(0)->GetNumFeatures(), 2);
-  EXPECT_THAT(Texts(files.TakeNotes()),
-              Contains("there is no table (.dbf); the features have no values"));
+  EXPECT_THAT(Lines(files.TakeNotes()),
+              Contains("points.shp: there is no table (.dbf); the features have no values"));
 }
 
 TEST_F(ShapeImports, FilesMayHaveCapitalExtensionsAndDotsInTheirNames) {
@@ -169,7 +169,7 @@ TEST_F(ShapeImports, PointsThatTheHostRefusesAreCounted) {
   known.SetAddPolicy(&policy);
   options = {true, 0, 1};
   EXPECT_TRUE(Call(&merger, &link));
-  EXPECT_THAT(Texts(files.TakeNotes()), Contains("points that the host refused: 2"));
+  EXPECT_THAT(Lines(files.TakeNotes()), Contains("points.shp: points that the host refused: 2"));
 }
 
 TEST_F(ShapeImports, WithoutFilesOfTheHostNothingIsRead) {

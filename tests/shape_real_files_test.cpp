@@ -92,6 +92,28 @@ TEST_P(ShapeRealFiles, WrittenAgainAreTheSameToTheTool) {
   EXPECT_EQ(after, name == "boolean-property" ? WithOneLetterEach(before) : before);
 }
 
+// Each file of the set cut at some 60 places: all of it or nothing is read, and a cut is told.
+TEST_P(ShapeRealFiles, CutAnywhereAreRefusedOrTold) {
+  constexpr std::size_t kCuts = 60;
+  const std::string name = GetParam();
+  for (const char* const extension : {".shp", ".dbf", ".shx"}) {
+    const std::string path = folder.File(name + extension);
+    if (!std::filesystem::exists(path)) continue;
+    const std::string bytes = ReadBytes(path);
+    const std::size_t step = std::max<std::size_t>(1, bytes.size() / kCuts);
+    for (std::size_t size = 0; size + 1 < bytes.size(); size += step) {
+      folder.Write(name + extension, bytes.substr(0, size));
+      gis::CLibGis fresh;
+      const ShapeOutcome read =
+          files.Import({&fresh, tdk::WString(folder.File(name + ".shp")), nullptr, nullptr, {}});
+      EXPECT_EQ(fresh.GetNumThemes(), read.isDone ? 1 : 0);
+      EXPECT_FALSE(read.notes.empty()) << extension << " cut at " << size;
+      EXPECT_FALSE(read.isDone && extension == std::string_view(".shp")) << size;
+    }
+    folder.Write(name + extension, bytes);
+  }
+}
+
 INSTANTIATE_TEST_SUITE_P(All, ShapeRealFiles,
                          testing::Values("boolean-property", "brklinz", "date-property",
                                          "latin1-property", "linez", "masspntz", "mexico_cities",

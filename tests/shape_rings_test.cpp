@@ -116,6 +116,17 @@ TEST_F(ShapeRings, FilesHaveBordersClockwiseAndHolesTheOtherWay) {
   EXPECT_LT(area(1), 0);
 }
 
+TEST_F(ShapeRings, PartsThatAreNoLinesAndNoRingsAreTold) {
+  ThemeMaker lake("lake", EntityType::kPolygon);
+  lake.Feature({{{1, 1}}, {{1, 1}, {2, 2}, {1, 1}}, {{0, 0}, {0, 1}, {1, 1}, {0, 0}}});
+  EXPECT_THAT(Texts(Export(lake).notes),
+              testing::Contains(testing::EndsWith("which other programs may refuse: 2")));
+  ThemeMaker wall("wall", EntityType::kLine);
+  wall.Feature({{{1, 1}}, {{1, 1}, {2, 2}}});
+  EXPECT_THAT(Texts(Export(wall).notes),
+              testing::Contains(testing::EndsWith("which other programs may refuse: 1")));
+}
+
 TEST_F(ShapeRings, RingsThatAreOpenAreClosed) {
   ThemeMaker made("open", EntityType::kPolygon);
   made.Feature({{{0, 0}, {0, 4}, {4, 4}}});

@@ -84,6 +84,21 @@ TEST_F(ShapeSetFiles, AFolderThatIsNotThereFailsBothFiles) {
   EXPECT_EQ(outcome.result, kShapeFileFailed | kShapeTableFailed);
 }
 
+TEST_F(ShapeSetFiles, AFolderThatTakesNoNewFilesKeepsTheOldSet) {
+  WriteOld();
+  for (const std::string& name : folder.Names())
+    ASSERT_EQ(chmod(folder.File(name).c_str(), 0666), 0);
+  ASSERT_EQ(chmod(folder.Path().c_str(), 0555), 0);
+  ShapeOutcome outcome;
+  {
+    const OrdinaryUser user;
+    outcome = Export(made);
+  }
+  ASSERT_EQ(chmod(folder.Path().c_str(), 0755), 0);
+  EXPECT_EQ(outcome.result, kShapeFileFailed | kShapeTableFailed);
+  ExpectOld();
+}
+
 TEST_F(ShapeSetFiles, ThroughTheHostsFunction) {
   IShapeFiles::SetCurrent(&files);
   int failed = 77;
@@ -156,6 +171,10 @@ TEST(ShapePaths, KnowTheFilesOfASetInAnyLetters) {
   EXPECT_EQ(shape::BaseOf("y.txt"), "y.txt");
   EXPECT_EQ(shape::Sibling(folder.File("a"), "dbf"), folder.File("a.DBF"));
   EXPECT_EQ(shape::Sibling(folder.File("a"), "prj"), folder.File("a.prj"));
+  folder.Write("a.sHp", "");
+  EXPECT_EQ(shape::Sibling(folder.File("a"), "shp"), folder.File("a.sHp"));
+  folder.Write("a.shp", "");
+  EXPECT_EQ(shape::Sibling(folder.File("a"), "shp"), folder.File("a.shp"));
 }
 
 }  // namespace

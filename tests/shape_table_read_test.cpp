@@ -61,6 +61,14 @@ TEST_F(ShapeTableRead, ALabelMayBeRubbish) {
   EXPECT_EQ(Converted("\x8A", 0x02, ""), "è");
 }
 
+TEST_F(ShapeTableRead, ALabelOfMuchRubbishIsToldAndAByteOrderMarkIsNone) {
+  const std::string rubbish(5000, 'x');
+  EXPECT_EQ(Converted("\x8A", 0x02, rubbish.c_str()), "è");
+  EXPECT_THAT(Texts(outcome.notes), Contains("the .cpg file names no encoding that is known"));
+  EXPECT_EQ(Converted("\xC3\xA8", 0x57, "\xEF\xBB\xBFUTF-8\r\n"), "è");
+  EXPECT_EQ(outcome.encoding, "UTF-8");
+}
+
 TEST_F(ShapeTableRead, TextThatIsNoUtf8IsTakenAsWindows1252AndCounted) {
   EXPECT_EQ(Converted("caff\xE8", 0, "UTF-8"), "caffè");
   EXPECT_THAT(Texts(outcome.notes), Contains("texts that are no UTF-8, taken as Windows-1252: 1"));
@@ -76,7 +84,7 @@ TEST_F(ShapeTableRead, NumbersMayHaveACommaOrAnExponentOrAPlus) {
 }
 
 TEST_F(ShapeTableRead, ANumberThatIsNoneIsNullAndCounted) {
-  for (const char* const text : {"nan", "inf", "1e999", "0x10", "1 2", "-", "."}) {
+  for (const char* const text : {"nan", "inf", "1e999", "9e199", "0x10", "1 2", "-", "."}) {
     EXPECT_TRUE(gis::IsNull(Number(text, 2))) << text;
     EXPECT_THAT(Texts(outcome.notes),
                 Contains("field N has values that are none of its kind, left empty: 1"))

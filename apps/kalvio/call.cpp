@@ -113,8 +113,8 @@ int RunCall(const Arguments& arguments) {
     const ToldCadFiles told(views);
     result = module.Call(function, parent, session.Document(), options);
   }
-  for (const tdk::WString& note : ShapeFiles::Install().TakeNotes()) {
-    console::Complain(note.ToUtf8());
+  for (const ShapeFiles::Note& note : ShapeFiles::Install().TakeNotes()) {
+    console::Complain(note.Line());
   }
   // A call that was ended or could not be told leaves the job as it was.
   if (!views.Ended()) views.Print(Returned(result));

@@ -1,5 +1,6 @@
 #include "file_import.h"
 
+#include <cerrno>
 #include <filesystem>
 #include <optional>
 
@@ -13,6 +14,7 @@
 #include "host/gis/shape_files.h"
 #include "host/landxml/load.h"
 #include "job_session.h"
+#include "platform/letters.h"
 #include "platform/paths.h"
 #include "services/translate.h"
 #include "shape_set.h"
@@ -34,10 +36,12 @@ std::string OnOneLine(const std::vector<std::string>& messages) {
 
 std::string NameOf(const std::string& path) { return std::string(platform::FileName(path)); }
 
-// What the host's Shape files remarked.
-std::vector<std::string> ShapeNotes() {
+// What the host's Shape files remarked, with the file where it is another than the one asked for.
+std::vector<std::string> ShapeNotes(const std::string& path) {
   std::vector<std::string> notes;
-  for (const tdk::WString& note : ShapeFiles::Install().TakeNotes()) notes.push_back(note.ToUtf8());
+  for (const ShapeFiles::Note& note : ShapeFiles::Install().TakeNotes()) {
+    notes.push_back(note.file == NameOf(path) ? note.text.ToUtf8() : note.Line());
+  }
   return notes;
 }
 
@@ -59,7 +63,7 @@ std::vector<std::string> Run(const Module& module, const char* function, const s
   }
   const FormatRow& format = FormatOf(path);
   const bool isExport = function == format.exportFunction;
-  const std::vector<std::string> notes = ShapeNotes();
+  const std::vector<std::string> notes = ShapeNotes(path);
   if (isExport && format.messageIsFailure && !said.empty()) {
     said.insert(said.end(), notes.begin(), notes.end());
     throw Failed(path, OnOneLine(said));
@@ -97,10 +101,23 @@ void CheckInput(const std::string& path) {
   if (!std::filesystem::exists(status)) {
     throw Failed(path, Xlate("cannot be opened").ToUtf8() + ": " + console::Reason(error.value()));
   }
+  if (std::filesystem::is_directory(status)) {
+    throw Failed(path, Xlate("cannot be opened").ToUtf8() + ": " + console::Reason(EISDIR));
+  }
   if (std::filesystem::is_regular_file(status) && std::filesystem::file_size(file, error) == 0 &&
       !error) {
     throw Failed(path, Xlate("the file is empty").ToUtf8());
   }
+}
+
+// The dialog lists a Shape file by its name before the first ".shp" in it, which may be another
+// file's.
+void CheckShapeName(const std::string& path) {
+  constexpr std::string_view kShape = ".shp";
+  const std::string name = platform::Small(NameOf(path));
+  if (name.find(kShape) + kShape.size() == name.size()) return;
+  throw Failed(path,
+               Xlate("rename it: such a file is known by its name before the first .shp").ToUtf8());
 }
 
 std::string WhyNothing(const FormatRow& format, const std::vector<std::string>& remarks) {
@@ -175,6 +192,7 @@ Exchange ImportFile(const Module& module, const std::string& path, HostDocument&
   CheckReadable(path);
   CheckInput(path);
   const FormatRow& format = FormatOf(path);
+  if (format.extension == std::string_view("shp")) CheckShapeName(path);
   const Counts before = CountsOf(document);
   Exchange exchange;
   exchange.remarks =

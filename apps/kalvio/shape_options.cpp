@@ -1,10 +1,10 @@
 #include "shape_options.h"
 
-#include <algorithm>
 #include <array>
 #include <nlohmann/json.hpp>
 #include <span>
 
+#include "platform/letters.h"
 #include "platform/paths.h"
 
 namespace {
@@ -15,18 +15,11 @@ constexpr std::array<std::string_view, 9> kNames = {"name",  "nome",  "punto", "
 constexpr std::array<std::string_view, 8> kCodes = {"code",        "codice", "cod",   "descr",
                                                     "description", "desc",   "layer", "note"};
 
-std::string Small(std::string text) {
-  std::ranges::transform(text, text.begin(), [](char c) {
-    return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
-  });
-  return text;
-}
-
 // Position in the dialog's list, whose first entry is the empty one; 0 when none fits.
 int FieldCalled(const DialogState& fields, std::span<const std::string_view> names) {
   for (const std::string_view name : names) {
     for (std::size_t i = 0; i < fields.size(); ++i) {
-      if (Small(fields[i].get<std::string>()) == name) return static_cast<int>(i) + 1;
+      if (platform::Small(fields[i].get<std::string>()) == name) return static_cast<int>(i) + 1;
     }
   }
   return 0;
@@ -40,7 +33,7 @@ bool IsSet(Dialog& dialog, std::string_view key, const DialogState& value) {
 std::pair<std::string, std::string> Parts(const std::string& path) {
   std::string name(platform::FileName(path));
   std::string folder = path.substr(0, path.size() - name.size());
-  name = name.substr(0, Small(name).find(".shp"));
+  name = name.substr(0, platform::Small(name).find(".shp"));
   return {std::move(folder), std::move(name)};
 }
 

@@ -1,8 +1,12 @@
 #include "shape_set.h"
 
+#include <set>
+
 #include "console.h"
 #include "host/gis/shape_paths.h"
 #include "host/gis/survey_theme.h"
+#include "platform/letters.h"
+#include "platform/numbers.h"
 #include "platform/paths.h"
 #include "services/translate.h"
 
@@ -12,6 +16,16 @@ std::vector<gis::CTheme*> ThemesOf(const gis::CLibGis& library) {
   std::vector<gis::CTheme*> themes;
   for (int i = 0; i < library.GetNumThemes(); ++i) themes.push_back(library.GetTheme(i));
   return themes;
+}
+
+// Of names that become one file, the later ones get a number. Takes the name.
+std::string FreeName(const std::string& name, std::set<std::string>& taken) {
+  std::string free = name;
+  for (std::int64_t i = 1; !taken.insert(platform::Small(shape::FileNameOf(free))).second; ++i) {
+    free = name + "_";
+    platform::AppendWhole(free, i);
+  }
+  return free;
 }
 
 }  // namespace
@@ -60,9 +74,11 @@ ShapeSet::~ShapeSet() {
 
 // One theme and nothing else is the file that the user names; several get their own names after it.
 void ShapeSet::NameThemes(const std::string& stem, bool isPrefix) {
+  std::set<std::string> taken;
   for (gis::CTheme* const theme : ThemesOf(*document_.GetLibGis())) {
     names_.emplace_back(theme, theme->GetName());
-    theme->SetName(tdk::WString(isPrefix ? stem + "-" + theme->GetName().ToUtf8() : stem));
+    const std::string name = isPrefix ? stem + "-" + theme->GetName().ToUtf8() : stem;
+    theme->SetName(tdk::WString(FreeName(name, taken)));
   }
 }
 

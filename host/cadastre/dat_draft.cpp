@@ -16,6 +16,18 @@ void DatDraft::RemarkOf(std::uint64_t count, const tdk::WString& pattern) {
   Remark(Fill(pattern, {tdk::WString(number)}));
 }
 
+std::string DatDraft::NameText(std::string_view utf8) {
+  std::string text = FieldText(utf8, changes);
+  if (text.empty()) return text;
+  const std::string own(Trimmed(utf8));
+  const auto [known, isNew] = names.try_emplace(text, own);
+  if (!isNew && known->second != own && clashes.insert(text).second) {
+    Fault(Fill(Xlate("points \"{1}\" and \"{2}\" would have one name in the file"),
+               {tdk::WString(known->second), tdk::WString(own)}));
+  }
+  return text;
+}
+
 DatLine& DatLine::End() {
   line_ += '|';
   return *this;
@@ -58,13 +70,13 @@ DatLine& DatLine::Direction(double gon) {
 }
 
 DatLine& DatLine::Surveyed(std::string_view name) {
-  const std::string text = FieldText(name, draft_.changes);
+  const std::string text = draft_.NameText(name);
   draft_.surveyed.insert(text);
   return Put(text);
 }
 
 DatLine& DatLine::Named(std::string_view name) {
-  const std::string text = FieldText(name, draft_.changes);
+  const std::string text = draft_.NameText(name);
   draft_.named.push_back(text);
   return Put(text);
 }

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <map>
 #include <set>
 #include <string>
 #include <string_view>
@@ -19,7 +20,12 @@ struct DatDraft {
   std::vector<tdk::WString> remarks;  ///< what was left out or put otherwise
   std::set<std::string> surveyed;     ///< names of the points that have a set-up or an observation
   std::vector<std::string> named;     ///< names that later records join or locate
+  std::map<std::string, std::string> names;  ///< of all points: what each is in the job
+  std::set<std::string> clashes;             ///< those that several points would have
   TextChanges changes;
+
+  /// A point's name as it is in the file. A fault when another point's is the same there.
+  std::string NameText(std::string_view utf8);
 
   /// Texts translated already.
   void Fault(tdk::WString text) { faults.push_back(std::move(text)); }

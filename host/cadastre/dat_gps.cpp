@@ -105,7 +105,7 @@ class GpsWriter {
   }
 
   void WriteBase(const CGrpGps& group, const Geocentric& place) {
-    if (group.NameUtf8().empty()) {
+    if (IsNameless(group.NameUtf8())) {
       draft_.Fault(Fill(Xlate("GPS group {1}: its base has no name"), {group.GetNomeGrp()}));
     }
     DatLine(draft_, '1')
@@ -149,7 +149,7 @@ class GpsWriter {
     const auto tell = [&](const tdk::WString& pattern) {
       draft_.Fault(Fill(pattern, {point.GetNome()}));
     };
-    if (point.NameUtf8().empty()) draft_.Fault(Xlate("a GPS point has no name"));
+    if (IsNameless(point.NameUtf8())) draft_.Fault(Xlate("a GPS point has no name"));
     if (state == CovarianceState::kMissing) tell(Xlate("GPS point {1} has no covariance matrix"));
     if (state == CovarianceState::kNotPositive) {
       tell(Xlate("GPS point {1}: its covariance matrix is not positive definite"));

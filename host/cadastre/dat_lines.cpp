@@ -2,7 +2,9 @@
 
 #include <algorithm>
 #include <array>
+#include <limits>
 #include <set>
+#include <span>
 #include <string_view>
 
 #include "platform/numbers.h"
@@ -27,9 +29,31 @@ tdk::WString Number(std::int64_t value) {
   return tdk::WString(text);
 }
 
-void WriteVertices(DatLine& line, const std::vector<std::string>& points) {
-  line.Whole(static_cast<std::int64_t>(points.size()));
+using Names = std::span<const std::string>;
+
+void WriteVertices(DatLine& line, std::size_t count, Names points) {
+  line.Whole(static_cast<std::int64_t>(count));
   for (const std::string& point : points) line.Named(point);
+}
+
+// How many vertices a line may have; no one tells what readers take, so all of them at first.
+std::size_t MostVertices() {
+  const std::int32_t most = CIniFile().ReadLong("Catasto", "VerticiPerRiga", 0);
+  return most > 0 ? static_cast<std::size_t>(most) : std::numeric_limits<std::size_t>::max();
+}
+
+// The first line tells how many vertices there are in all, and those that continue it tell 0.
+void WriteContour(const cadastre::Contour& contour, std::size_t most, DatDraft& draft) {
+  std::size_t count = contour.points.size();
+  Names rest = contour.points;
+  do {
+    const Names points = rest.first(std::min(most, rest.size()));
+    DatLine line(draft, '7');
+    WriteVertices(line, count, points);
+    line.Put(contour.type);
+    rest = rest.subspan(points.size());
+    count = 0;
+  } while (!rest.empty());
 }
 
 void CheckContour(const cadastre::Contour& contour, std::int64_t number, DatDraft& draft) {
@@ -43,13 +67,16 @@ void CheckContour(const cadastre::Contour& contour, std::int64_t number, DatDraf
   if (contour.points.size() < least) {
     draft.Fault(Fill(Xlate("contour {1} has too few points"), {Number(number)}));
   }
+  if (std::any_of(contour.points.begin(), contour.points.end(), IsNameless)) {
+    draft.Fault(Fill(Xlate("contour {1} has a point without a name"), {Number(number)}));
+  }
 }
 
 void CheckFiducial(const cadastre::Fiducial& point, DatDraft& draft) {
   const auto tell = [&](const tdk::WString& pattern) {
     draft.Fault(Fill(pattern, {tdk::WString(point.name)}));
   };
-  if (point.name.empty()) draft.Fault(Xlate("a fiducial point has no name"));
+  if (IsNameless(point.name)) draft.Fault(Xlate("a fiducial point has no name"));
   if (!IsDefined(point.north) || !IsDefined(point.east)) {
     tell(Xlate("fiducial point {1} has no north or no east"));
   }
@@ -69,17 +96,16 @@ void WriteTraverses(const cadastre::Survey& survey, DatDraft& draft) {
   }
   for (const std::vector<std::string>& traverse : survey.traverses) {
     DatLine line(draft, '3');
-    WriteVertices(line, traverse);
+    WriteVertices(line, traverse.size(), traverse);
   }
 }
 
 void WriteContours(const cadastre::Survey& survey, DatDraft& draft) {
+  const std::size_t most = MostVertices();
   std::int64_t number = 0;
   for (const cadastre::Contour& contour : survey.contours) {
     CheckContour(contour, ++number, draft);
-    DatLine line(draft, '7');
-    WriteVertices(line, contour.points);
-    line.Put(contour.type);
+    WriteContour(contour, most, draft);
   }
 }
 

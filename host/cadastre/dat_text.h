@@ -18,6 +18,12 @@ struct TextChanges {
 /// A name or any other text, in the file's code page, without what would end its field or its line.
 std::string FieldText(std::string_view utf8, TextChanges& changes);
 
+/// Without the blanks at both ends.
+std::string_view Trimmed(std::string_view text);
+
+/// Whether nothing of a name would be left in the file.
+bool IsNameless(std::string_view name);
+
 /// A text of the file's first records: upper case, without accents.
 std::string HeadingText(std::string_view utf8, TextChanges& changes);
 

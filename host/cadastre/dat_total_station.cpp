@@ -19,28 +19,34 @@ class TotalStationWriter {
   }
 
   void WriteStation(const CSta& station, std::span<CPun* const> points) {
-    if (station.NameUtf8().empty()) draft_.Fault(Xlate("a station has no name"));
+    if (IsNameless(station.NameUtf8())) draft_.Fault(Xlate("a station has no name"));
     DatLine(draft_, '1')
         .Surveyed(station.NameUtf8())
         .Fixed(station.GetAltStr(), kLengthDecimals)
         .Note(NotesOf(station));
-    for (const CPun* const point : points) WritePoint(*point, station);
+    bool isEmpty = true;
+    for (const CPun* const point : points) {
+      if (WritePoint(*point, station)) isEmpty = false;
+    }
+    if (isEmpty) ++empty_;
   }
 
   void TellLeftOut() {
     draft_.RemarkOf(unmeasured_,
                     Xlate("observations without a distance or a direction are left out ({1})"));
+    draft_.RemarkOf(empty_, Xlate("stations have no observations in the file ({1})"));
   }
 
  private:
-  void WritePoint(const CPun& point, const CSta& station) {
+  // False for one that is left out.
+  bool WritePoint(const CPun& point, const CSta& station) {
     const Observation observation = point.ObservationToUse(how_);
     if (!(observation.slopeDistance > 0) || !IsDefined(observation.slopeDistance) ||
         !IsDefined(observation.horizontal)) {
       ++unmeasured_;
-      return;
+      return false;
     }
-    if (point.NameUtf8().empty()) {
+    if (IsNameless(point.NameUtf8())) {
       draft_.Fault(Fill(Xlate("a point that was observed from station {1} has no name"),
                         {station.GetNome()}));
     }
@@ -49,6 +55,7 @@ class TotalStationWriter {
     } else {
       WriteFlat(point, observation);
     }
+    return true;
   }
 
   // An observation in face two is turned into that of face one, as which every reader takes it.
@@ -76,6 +83,7 @@ class TotalStationWriter {
   DatDraft& draft_;
   CCalcDsOr how_;
   std::uint64_t unmeasured_ = 0;
+  std::uint64_t empty_ = 0;
 };
 
 }  // namespace

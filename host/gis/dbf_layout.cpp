@@ -2,8 +2,8 @@
 
 #include <algorithm>
 #include <cmath>
-#include <set>
 
+#include "host/gis/field_names.h"
 #include "model/undefined.h"
 #include "platform/character_set.h"
 #include "platform/numbers.h"
@@ -12,34 +12,11 @@
 namespace shape {
 namespace {
 
-constexpr std::size_t kLongestName = 10;
 constexpr int kWidestText = 254;
-constexpr int kWidestNumber = 20;    // for other programs
-constexpr int kWidestShortest = 24;  // of any double written as shortly as can be
+constexpr int kWidestNumber = 20;  // for other programs
 constexpr int kMostDecimals = 15;
 constexpr std::size_t kMostFields = 255;
 constexpr int kLongestRecord = 65535;
-
-std::string InCapitals(std::string_view name) {
-  std::string capitals(name);
-  std::ranges::transform(capitals, capitals.begin(), [](char c) {
-    return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c;
-  });
-  return capitals;
-}
-
-// "Descriz_1": cut so that the number has room.
-std::string FreeName(const std::string& name, const std::set<std::string>& taken) {
-  std::string free(platform::CutUtf8(name.empty() ? "FIELD" : name, kLongestName));
-  for (int i = 1; taken.contains(InCapitals(free)); ++i) {
-    std::string number = "_";
-    platform::AppendWhole(number, i);
-    free = std::string(
-               platform::CutUtf8(name.empty() ? "FIELD" : name, kLongestName - number.size())) +
-           number;
-  }
-  return free;
-}
 
 template <class Visit>
 void ForEachValue(const gis::CTable& table, int field, const Visit& visit) {
@@ -95,6 +72,12 @@ void LayOutText(const gis::CTable& table, DbfColumn& column, int declared, Remar
     if (fitting.size() < text.size()) ++cut;
   });
   column.width = width;
+  if (table.GetField(column.field).width > kWidestText) {
+    Remark(remarks,
+           ToXlate("field {1} is to have {2} characters, but a text has at most 254 bytes"),
+           {table.GetField(column.field).name,
+            NumberText(static_cast<std::uint64_t>(table.GetField(column.field).width))});
+  }
   if (cut == 0) return;
   Remark(remarks, ToXlate("texts of field {1} that were cut: {2}"),
          {table.GetField(column.field).name, NumberText(cut)});
@@ -115,7 +98,19 @@ void LayOutWhole(const gis::CTable& table, DbfColumn& column, int declared) {
   column.width = std::max({declared, least < 0 ? WidthOf(low) : 1, WidthOf(high)});
 }
 
-void LayOutReal(const gis::CTable& table, DbfColumn& column, int declared) {
+// With an exponent where a number has no room without.
+int WidestReal(const gis::CTable& table, const DbfColumn& column) {
+  int widest = 0;
+  std::string text;
+  ForEachValue(table, column.field, [&](const gis::Value& value) {
+    text.clear();
+    AppendReal(text, std::get<double>(value), column);
+    widest = std::max(widest, WidthOf(text));
+  });
+  return widest;
+}
+
+void LayOutReal(const gis::CTable& table, DbfColumn& column, int declared, Remarks& remarks) {
   Range range;
   int decimals = 0;
   const bool asNeeded = column.decimals <= 0;
@@ -130,7 +125,13 @@ void LayOutReal(const gis::CTable& table, DbfColumn& column, int declared) {
   const int needed = std::max(WidthOf(Fixed(range.least, column.decimals)),
                               WidthOf(Fixed(range.most, column.decimals)));
   const bool isWide = needed > std::max(kWidestNumber, declared) || column.mayBeFine;
-  column.width = std::max(declared, isWide ? kWidestShortest : needed);
+  column.width = std::max(declared, isWide ? kWidestNumber : needed);
+  if (isWide) column.width = std::max(column.width, WidestReal(table, column));
+  if (column.width <= std::max(kWidestNumber, declared)) return;
+  Remark(remarks,
+         ToXlate("field {1} has numbers of more than 20 characters, which some programs cannot "
+                 "read"),
+         {table.GetField(column.field).name});
 }
 
 DbfColumn LayOutField(const gis::CTable& table, int position, int mostCharacters,
@@ -149,7 +150,7 @@ DbfColumn LayOutField(const gis::CTable& table, int position, int mostCharacters
     case gis::FieldType::kReal:
       column.kind = 'N';
       column.decimals = field.decimals;
-      LayOutReal(table, column, declared);
+      LayOutReal(table, column, declared, remarks);
       break;
     case gis::FieldType::kDate:
       column.kind = 'D';
@@ -190,24 +191,28 @@ bool DbfLayout::Fits() const {
   return columns.size() <= kMostFields && recordLength <= kLongestRecord;
 }
 
+std::uint64_t DbfLayout::SizeOf(int records) const {
+  constexpr std::uint64_t kDescription = 32;  // of the file, and of each field
+  constexpr std::uint64_t kMarks = 2;         // one ends the fields, one the file
+  return kDescription * (1 + columns.size()) + kMarks +
+         static_cast<std::uint64_t>(records) * static_cast<std::uint64_t>(recordLength);
+}
+
 std::string_view Fitting(std::string_view text, const DbfColumn& column) {
   return platform::CutUtf8(platform::FirstCharacters(text, column.mostCharacters),
                            static_cast<std::size_t>(column.width));
 }
 
-std::vector<std::string> ShortNames(const std::vector<std::string>& names) {
-  std::vector<std::string> shortened(names.size());
-  std::set<std::string> taken;
-  for (std::size_t i = 0; i < names.size(); ++i) {
-    const bool fits = !names[i].empty() && names[i].size() <= kLongestName;
-    if (fits && taken.insert(InCapitals(names[i])).second) shortened[i] = names[i];
-  }
-  for (std::size_t i = 0; i < names.size(); ++i) {
-    if (!shortened[i].empty()) continue;
-    shortened[i] = FreeName(names[i], taken);
-    taken.insert(InCapitals(shortened[i]));
-  }
-  return shortened;
+void AppendReal(std::string& text, double value, const DbfColumn& column) {
+  const std::size_t start = text.size();
+  platform::AppendFixed(text, value, column.decimals);
+  const bool isWide = text.size() - start > static_cast<std::size_t>(column.width);
+  const auto isSame = [&] {
+    return platform::ParseDecimal(std::string_view(text).substr(start)) == value;
+  };
+  if (!isWide && (!column.mayBeFine || isSame())) return;
+  text.resize(start);
+  platform::AppendShortest(text, value);
 }
 
 DbfLayout LayOut(const gis::CTable* table, int mostCharacters, Remarks& remarks) {

@@ -1,6 +1,7 @@
 // How a table of the library fits into a dBASE file.
 #pragma once
 
+#include <cstdint>
 #include <string>
 #include <vector>
 
@@ -22,9 +23,11 @@ struct DbfColumn {
 
 struct DbfLayout {
   std::vector<DbfColumn> columns;
-  int recordLength = 1;
+  int recordLength = 1;  ///< bytes
   /// Whether dBASE can hold it.
   bool Fits() const;
+  /// Bytes of the file with so many records.
+  std::uint64_t SizeOf(int records) const;
 };
 
 /// `table` may be null: features are numbered then, for a file must have a field. Texts are cut to
@@ -35,8 +38,8 @@ DbfLayout LayOut(const gis::CTable* table, int mostCharacters, Remarks& remarks)
 /// A text as it goes into a column: cut at a character.
 std::string_view Fitting(std::string_view text, const DbfColumn& column);
 
-/// Names that dBASE can have: ten bytes, cut at a character, unlike each other in more than letter
-/// case. Those that can stay as they are do.
-std::vector<std::string> ShortNames(const std::vector<std::string>& names);
+/// A number as it goes into a column: with an exponent where it has no room, or is not the same,
+/// without.
+void AppendReal(std::string& text, double value, const DbfColumn& column);
 
 }  // namespace shape

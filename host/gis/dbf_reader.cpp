@@ -6,6 +6,7 @@
 #include <cmath>
 #include <cstring>
 
+#include "model/undefined.h"
 #include "platform/numbers.h"
 #include "services/translate.h"
 
@@ -85,6 +86,8 @@ bool IsNullNumber(std::string_view text) {
 
 }  // namespace
 
+void DbfReader::Closer::operator()(DBFInfo* table) const { DBFClose(table); }
+
 std::unique_ptr<DbfReader> DbfReader::Open(Stream& dbf, std::string_view label) {
   StreamSet streams;
   streams.Add("dbf", dbf);
@@ -130,17 +133,17 @@ bool DbfReader::ReadFields() {
   return true;
 }
 
-bool DbfReader::ReadRow(int row, gis::CTable& table) {
-  if (row >= rowCount_) return false;
-  const char* const record = DBFReadTuple(table_.get(), row);
-  if (record == nullptr || record[0] == kDeleted) return false;
+RowState DbfReader::ReadRow(int row, gis::CTable& table) {
+  const char* const record = row < rowCount_ ? DBFReadTuple(table_.get(), row) : nullptr;
+  if (record == nullptr) return RowState::kUnreadable;
+  if (record[0] == kDeleted) return RowState::kDeleted;
   for (std::size_t i = 0; i < columns_.size(); ++i) {
     const std::string_view bytes(record + columns_[i].offset,
                                  static_cast<std::size_t>(columns_[i].width));
     values_[i] = ValueOf(bytes, i, table);
   }
   table.AddRow(values_);
-  return true;
+  return RowState::kRead;
 }
 
 gis::Value DbfReader::ValueOf(std::string_view bytes, std::size_t field, gis::CTable& table) {
@@ -177,7 +180,7 @@ gis::Value DbfReader::NumberOf(std::string_view bytes, std::size_t field, gis::C
     if (const auto whole = platform::ParseWhole(text)) return *whole;
   }
   const auto number = platform::ParseDecimal(text);
-  if (!number) {
+  if (!number || !IsDefined(*number)) {
     ++columns_[field].badValues;
     return {};
   }

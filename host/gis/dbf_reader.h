@@ -13,6 +13,8 @@
 
 namespace shape {
 
+enum class RowState { kRead, kDeleted, kUnreadable };
+
 /// The way to the rows of one open table.
 class DbfReader {
  public:
@@ -25,9 +27,9 @@ class DbfReader {
   int RowCount() const { return rowCount_; }
   const std::string& EncodingName() const { return encoding_.Name(); }
 
-  /// Appends the next row to the table, whose fields must be Fields(); false when it is marked as
-  /// deleted, with nothing appended, or when there is none.
-  bool ReadRow(int row, gis::CTable& table);
+  /// Appends a row to the table, whose fields must be Fields(). Nothing is appended for a row that
+  /// is marked as deleted, cannot be read or is not there.
+  RowState ReadRow(int row, gis::CTable& table);
   /// What was read otherwise than it stands; once all rows have been read.
   void TellRemarks(Remarks& remarks) const;
 
@@ -40,7 +42,7 @@ class DbfReader {
     std::string text;  // the value of the open row, where it had to be converted
   };
   struct Closer {
-    void operator()(DBFInfo* table) const { DBFClose(table); }
+    void operator()(DBFInfo* table) const;
   };
 
   DbfReader(DBFHandle table, std::uint64_t fileSize, std::string_view label);

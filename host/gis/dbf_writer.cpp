@@ -49,7 +49,7 @@ class RecordText {
     } else if (const auto* date = std::get_if<gis::Date>(&value)) {
       AppendDate(*date);
     } else {
-      AppendReal(std::get<double>(value), column);
+      AppendReal(text_, std::get<double>(value), column);
     }
     return text_;
   }
@@ -63,14 +63,6 @@ class RecordText {
     constexpr std::int64_t kBeyond = 100000000;  // a digit more, so that leading zeros stay
     platform::AppendWhole(text_, kBeyond + date.year * 10000 + date.month * 100 + date.day);
     text_.erase(0, 1);
-  }
-
-  void AppendReal(double value, const DbfColumn& column) {
-    platform::AppendFixed(text_, value, column.decimals);
-    const bool isWide = text_.size() > static_cast<std::size_t>(column.width);
-    if (!isWide && !(column.mayBeFine && platform::ParseDecimal(text_) != value)) return;
-    text_.clear();
-    platform::AppendShortest(text_, value);
   }
 
   const DbfLayout& layout_;

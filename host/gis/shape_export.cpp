@@ -4,6 +4,7 @@
 #include <array>
 
 #include "host/gis/dbf_writer.h"
+#include "host/gis/set_sizes.h"
 #include "host/gis/shape_paths.h"
 #include "host/gis/shp_writer.h"
 #include "platform/folder_list.h"
@@ -22,7 +23,8 @@ class OutputSet {
 
   /// The bits of those that cannot be opened.
   int Open() {
-    return Each([this](std::size_t i) { return files_[i].Open(base_ + "." + kRows[i].extension); });
+    return Each(
+        [this](std::size_t i) { return files_[i].OpenBeside(base_ + "." + kRows[i].extension); });
   }
 
   platform::OutputFile& File(std::size_t i) { return files_[i]; }
@@ -100,32 +102,32 @@ class Export {
         what_.coordinates == kShape3D || (what_.coordinates != kShape2D && theme.Is3D());
     const ShpLayout shapes = LayOut(theme, withHeights);
     const DbfLayout table = LayOut(theme.GetTable(), what_.maximumCharacters, remarks_);
-    if (const int tooLarge = CheckSizes(shapes, table)) return tooLarge;
+    if (const int tooMuch = CheckLimits(shapes, table)) return tooMuch;
     OutputSet files(native_, !theme.GetReferenceSystem().empty());
     if (const int failed = files.Open()) return failed;
     if (const int failed = Fill(files, shapes, table)) return failed;
     return files.Commit(Obsolete());
   }
 
-  int CheckSizes(const ShpLayout& shapes, const DbfLayout& table) {
-    int tooLarge = 0;
-    if (shapes.size > kLargestShp) {
-      Remark(remarks_, ToXlate("a Shape file of more than 4 GB cannot be"));
-      tooLarge |= kShapeFileFailed;
-    } else if (shapes.size > kLargestCommonShp) {
-      Remark(remarks_, ToXlate("the file has more than 2 GB, which many programs cannot read"));
-    }
+  int CheckLimits(const ShpLayout& shapes, const DbfLayout& table) {
+    int tooMuch =
+        CheckSizes({shapes.size, table.SizeOf(RecordCount()), shapes.mostVertices}, remarks_);
     if (!table.Fits()) {
       Remark(remarks_, ToXlate("a table has at most 255 fields and 65,535 bytes a record"));
-      tooLarge |= kShapeTableFailed;
+      tooMuch |= kShapeTableFailed;
     }
-    return tooLarge;
+    return tooMuch;
+  }
+
+  int RecordCount() const {
+    const gis::CTable* const table = what_.theme->GetTable();
+    const int rows = table == nullptr ? 0 : table->GetNumRows();
+    return std::max(what_.theme->GetNumFeatures(), rows);
   }
 
   int Fill(OutputSet& files, const ShpLayout& shapes, const DbfLayout& table) {
     const gis::CTheme& theme = *what_.theme;
-    const int rows = theme.GetTable() == nullptr ? 0 : theme.GetTable()->GetNumRows();
-    const int count = std::max(theme.GetNumFeatures(), rows);
+    const int count = RecordCount();
     OutputStream shp(files.File(OutputSet::kShp));
     OutputStream shx(files.File(OutputSet::kShx));
     OutputStream dbf(files.File(OutputSet::kDbf));

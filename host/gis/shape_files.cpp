@@ -4,6 +4,8 @@
 
 #include "host/gis/shape_export.h"
 #include "host/gis/shape_import.h"
+#include "host/gis/shape_paths.h"
+#include "platform/paths.h"
 
 int ShapeFiles::EntityTypeOf(const tdk::WString& path) { return shape::EntityTypeOfFile(path); }
 
@@ -14,17 +16,21 @@ bool ShapeFiles::FieldsOf(const tdk::WString& dbfPath, std::vector<tdk::WString>
 ShapeOutcome ShapeFiles::Import(const ShapeImport& what) {
   ShapeOutcome outcome = shape::ImportShapeFile(what);
   encoding_ = outcome.encoding;
-  notes_.insert(notes_.end(), outcome.notes.begin(), outcome.notes.end());
+  Keep(std::string(platform::FileName(what.path.ToUtf8())), outcome.notes);
   return outcome;
 }
 
 ShapeOutcome ShapeFiles::Export(const ShapeExport& what) {
   ShapeOutcome outcome = shape::ExportShapeFile(what);
-  notes_.insert(notes_.end(), outcome.notes.begin(), outcome.notes.end());
+  Keep(shape::FileNameOf(what.theme->GetName().ToUtf8()) + ".shp", outcome.notes);
   return outcome;
 }
 
-std::vector<tdk::WString> ShapeFiles::TakeNotes() { return std::exchange(notes_, {}); }
+void ShapeFiles::Keep(const std::string& file, const std::vector<tdk::WString>& notes) {
+  for (const tdk::WString& note : notes) notes_.push_back({file, note});
+}
+
+std::vector<ShapeFiles::Note> ShapeFiles::TakeNotes() { return std::exchange(notes_, {}); }
 
 ShapeFiles& ShapeFiles::Install() {
   static ShapeFiles files;

@@ -1,6 +1,9 @@
 // Shape files of the reference host.
 #pragma once
 
+#include <string>
+#include <vector>
+
 #include "model/shape_files.h"
 
 /// Reads and writes sets of Shape files through the Shape library with streams of our own.
@@ -11,8 +14,14 @@ class ShapeFiles : public IShapeFiles {
   ShapeOutcome Import(const ShapeImport& what) override;
   ShapeOutcome Export(const ShapeExport& what) override;
 
-  /// What the imports and exports since the last call had to say, each with its file.
-  std::vector<tdk::WString> TakeNotes();
+  struct Note {
+    std::string file;  ///< name of the ".shp" file
+    tdk::WString text;
+
+    std::string Line() const { return file + ": " + text.ToUtf8(); }
+  };
+  /// What the imports and exports since the last call had to say.
+  std::vector<Note> TakeNotes();
 
   /// What the texts of the table imported last were in; empty when nothing told it.
   const std::string& LastEncoding() const { return encoding_; }
@@ -21,6 +30,8 @@ class ShapeFiles : public IShapeFiles {
   static ShapeFiles& Install();
 
  private:
-  std::vector<tdk::WString> notes_;
+  void Keep(const std::string& file, const std::vector<tdk::WString>& notes);
+
+  std::vector<Note> notes_;
   std::string encoding_;
 };

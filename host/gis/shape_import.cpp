@@ -22,6 +22,13 @@ std::uint64_t LargestIndex(std::uint64_t shapeBytes) {
   return kHeader + shapeBytes / 12 * 8;
 }
 
+// What the ".cpg" file says; a mark that names nothing for one that cannot be read.
+std::string LabelOf(const std::string& base) {
+  const auto label = ReadSibling(base, "cpg", kMostLabel);
+  if (label) return *label;
+  return platform::IsThere(Sibling(base, "cpg")) ? "?" : "";
+}
+
 /// Without a merger no name changes: what is taken is refused.
 class RefusingMerger : public gis::CGisMerger {
  public:
@@ -95,7 +102,7 @@ class Import {
       return;
     }
     if (!dbf_.Open(path)) throw Refusal{kShapeFileNotFound, tdk::WString(path)};
-    rows_ = DbfReader::Open(dbf_, ReadSibling(base_, "cpg", kMostLabel).value_or(""));
+    rows_ = DbfReader::Open(dbf_, LabelOf(base_));
     if (rows_ != nullptr) return;
     Remark(remarks_, ToXlate("its table (.dbf) cannot be read"));
     RefuseAsInconsistent();
@@ -130,21 +137,26 @@ class Import {
   }
 
   void ReadRecord(int record, int rows) {
-    if (record < rows) {
-      if (!rows_->ReadRow(record, *table_)) {
-        ++deleted_;
-        return;
-      }
-    } else {
+    if (record >= rows) {
       table_->AddRow({});
+    } else if (!ReadRow(record)) {
+      ++deleted_;
+      return;
     }
     if (record >= shapes_->Count()) {
       theme_->AddFeature();
     } else if (!shapes_->ReadShape(record, *theme_)) {
-      Remark(remarks_, ToXlate("shape {1} is damaged"),
-             {NumberText(static_cast<std::uint64_t>(record) + 1)});
-      RefuseAsInconsistent();
+      RefuseRecord(ToXlate("shape {1} is damaged"), record);
     }
+  }
+
+  // False for one that is marked as deleted.
+  bool ReadRow(int record) {
+    const RowState state = rows_->ReadRow(record, *table_);
+    if (state == RowState::kUnreadable) {
+      RefuseRecord(ToXlate("record {1} of its table cannot be read"), record);
+    }
+    return state == RowState::kRead;
   }
 
   void TellSurplus(int rows) {
@@ -177,6 +189,11 @@ class Import {
   void LinkPoints() {
     if (what_.link == nullptr || !what_.options.createPoints) return;
     LinkPointsOf(*kept_, name_, what_.options, *what_.link, remarks_);
+  }
+
+  [[noreturn]] void RefuseRecord(const char* why, int record) {
+    Remark(remarks_, why, {NumberText(static_cast<std::uint64_t>(record) + 1)});
+    RefuseAsInconsistent();
   }
 
   [[noreturn]] void RefuseAsInconsistent() const { throw Refusal{kShapeInconsistent, name_}; }
@@ -216,7 +233,7 @@ bool FieldsOfFile(const tdk::WString& dbfPath, std::vector<tdk::WString>& fields
   const std::string dbf = Sibling(base, "dbf");
   FileStream stream;
   if (!platform::IsThere(dbf) || !stream.Open(dbf)) return false;
-  const auto reader = DbfReader::Open(stream, ReadSibling(base, "cpg", kMostLabel).value_or(""));
+  const auto reader = DbfReader::Open(stream, LabelOf(base));
   if (reader == nullptr) return false;
   for (const gis::Field& field : reader->Fields()) fields.push_back(field.name);
   return true;

@@ -4,6 +4,7 @@
 
 #include "platform/folder_list.h"
 #include "platform/input_file.h"
+#include "platform/letters.h"
 #include "platform/paths.h"
 
 namespace shape {
@@ -14,14 +15,6 @@ constexpr std::string_view kExtensions[] = {"shp", "shx", "dbf", "prj", "cpg"};
 // Spatial and attribute indexes of several programs, and one's own way to name a reference system.
 constexpr std::string_view kObsolete[] = {"sbn", "sbx", "qix", "fbn", "fbx",
                                           "ain", "aih", "ind", "idm", "qpj"};
-
-std::string InCapitals(std::string_view text) {
-  std::string capitals(text);
-  std::ranges::transform(capitals, capitals.begin(), [](char c) {
-    return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c;
-  });
-  return capitals;
-}
 
 }  // namespace
 
@@ -35,14 +28,16 @@ std::string BaseOf(std::string_view path) {
 }
 
 std::string Sibling(const std::string& base, std::string_view extension) {
-  std::string usual = base + "." + std::string(extension);
-  std::string capital = InCapitals(extension.substr(0, 1)) + std::string(extension.substr(1));
-  for (const std::string& written : {InCapitals(extension), capital}) {
-    if (platform::IsThere(usual)) break;
-    std::string other = base + "." + written;
-    if (platform::IsThere(other)) return other;
+  const std::size_t start = base.size() + 1;
+  std::string path = base + "." + std::string(extension);
+  // Each bit makes a capital of one letter; all small letters come first.
+  for (unsigned capitals = 0; capitals < 1U << extension.size(); ++capitals) {
+    for (std::size_t i = 0; i < extension.size(); ++i) {
+      path[start + i] = (capitals >> i & 1U) != 0 ? platform::Capital(extension[i]) : extension[i];
+    }
+    if (platform::IsThere(path)) return path;
   }
-  return usual;
+  return path.replace(start, extension.size(), extension);
 }
 
 std::optional<std::string> ReadSibling(const std::string& base, std::string_view extension,

@@ -81,6 +81,8 @@ bool ShpReader::ReadShape(int shape, gis::CTheme& theme) {
 
 bool ShpReader::IsSound(const SHPObject& object) const {
   if (object.nVertices < 0 || object.nParts < 0) return false;
+  // Vertices before the first part would belong to none.
+  if (object.nParts > 0 && object.panPartStart[0] != 0) return false;
   for (int i = 0; i < object.nParts; ++i) {
     const int next = i + 1 < object.nParts ? object.panPartStart[i + 1] : object.nVertices;
     if (object.panPartStart[i] < 0 || object.panPartStart[i] > next) return false;

@@ -12,11 +12,12 @@ namespace {
 // No measure: anything below -1e38.
 constexpr double kNoMeasure = -1e39;
 
-bool HasSeveralPoints(const gis::CTheme& theme) {
+std::uint64_t MostVertices(const gis::CTheme& theme) {
+  std::uint64_t most = 0;
   for (int feature = 0; feature < theme.GetNumFeatures(); ++feature) {
-    if (theme.GetFeature(feature).Size() > 1) return true;
+    most = std::max<std::uint64_t>(most, theme.GetFeature(feature).Size());
   }
-  return false;
+  return most;
 }
 
 // The vertices of one feature as the library takes them. Its memory is used again for the next.
@@ -45,6 +46,10 @@ class ShapeBuilder {
     RemarkCount(remarks, ToXlate("vertices without a height, written with height 0: {1}"),
                 heightless_);
     RemarkCount(remarks, ToXlate("rings that were open, now closed: {1}"), openRings_);
+    RemarkCount(remarks,
+                ToXlate("lines of one vertex and rings of fewer than three corners, which other "
+                        "programs may refuse: {1}"),
+                shortParts_);
   }
 
  private:
@@ -60,9 +65,17 @@ class ShapeBuilder {
     if (part.Size() == 0) return;
     starts_.push_back(static_cast<int>(x_.size()));
     for (std::size_t v = part.first; v < part.last; ++v) AddVertex(theme_.GetVertex(v));
-    if (!IsPolygon() || IsClosed(part)) return;
+    const bool isClosed = IsPolygon() && IsClosed(part);
+    if (part.Size() < LeastVertices() + (isClosed ? 1 : 0)) ++shortParts_;
+    if (!IsPolygon() || isClosed) return;
     AddVertex(theme_.GetVertex(part.first));
     ++openRings_;
+  }
+
+  // Of a line, or corners of a ring.
+  std::size_t LeastVertices() const {
+    if (IsPolygon()) return 3;
+    return layout_.kind.entity == gis::EntityType::kLine ? 2 : 1;
   }
 
   bool IsClosed(const gis::VertexRange& part) const {
@@ -145,6 +158,7 @@ class ShapeBuilder {
   std::uint64_t unplaced_ = 0;
   std::uint64_t heightless_ = 0;
   std::uint64_t openRings_ = 0;
+  std::uint64_t shortParts_ = 0;
 };
 
 bool WriteShapes(SHPHandle file, const gis::CTheme& theme, int nullShapes, const ShpLayout& layout,
@@ -177,9 +191,10 @@ std::uint64_t ShpSize(const ShapeKind& kind, bool writesMeasures, std::uint64_t 
 
 ShpLayout LayOut(const gis::CTheme& theme, bool withHeights) {
   const bool isPoint = theme.GetType() == gis::EntityType::kPoint;
-  const bool isMany = isPoint && HasSeveralPoints(theme);
-  const int type = TypeOf(theme.GetType(), isMany, withHeights, theme.HasMeasures());
   ShpLayout layout;
+  layout.mostVertices = MostVertices(theme);
+  const bool isMany = isPoint && layout.mostVertices > 1;
+  const int type = TypeOf(theme.GetType(), isMany, withHeights, theme.HasMeasures());
   layout.kind = *KindOf(type);
   // A point with a height has a measure in every file.
   layout.writesMeasures = theme.HasMeasures() || type == SHPT_POINTZ;

@@ -14,7 +14,8 @@ namespace shape {
 struct ShpLayout {
   ShapeKind kind{};
   bool writesMeasures = false;
-  std::uint64_t size = 0;  ///< bytes of the ".shp" file, at most
+  std::uint64_t size = 0;          ///< bytes of the ".shp" file, at most
+  std::uint64_t mostVertices = 0;  ///< of a feature
 };
 
 /// `withHeights`: whether each vertex has one in the file.
@@ -23,10 +24,6 @@ ShpLayout LayOut(const gis::CTheme& theme, bool withHeights);
 /// Bytes of a file with so many shapes.
 std::uint64_t ShpSize(const ShapeKind& kind, bool writesMeasures, std::uint64_t shapes,
                       std::uint64_t parts, std::uint64_t vertices);
-
-/// What no file can have, and what many programs cannot read.
-inline constexpr std::uint64_t kLargestShp = 0xFFFFFFFE;
-inline constexpr std::uint64_t kLargestCommonShp = 0x7FFFFFFF;
 
 /// Writes the features and then `nullShapes` more shapes that are nowhere. Rings are closed, outer
 /// ones run clockwise and holes counter-clockwise. False when it could not be done.

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "platform/code_page.h"
+#include "platform/letters.h"
 #include "platform/numbers.h"
 
 namespace shape {
@@ -32,11 +33,13 @@ constexpr std::string_view kIsoPrefixes[] = {"ISO-8859-", "ISO8859-", "ISO_8859-
 constexpr std::size_t kLongestName = 20;
 
 std::string Plain(std::string_view label) {
+  constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
+  if (label.starts_with(kByteOrderMark)) label.remove_prefix(kByteOrderMark.size());
   label = label.substr(0, label.find_first_of(std::string_view("\r\n\0", 3)));
   std::string plain;
   for (const char c : label) {
     if (c == ' ' || c == '\t') continue;
-    plain += c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c;
+    plain += platform::Capital(c);
   }
   return plain;
 }

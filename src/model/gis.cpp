@@ -3,17 +3,15 @@
 #include <algorithm>
 #include <string>
 
+#include "platform/letters.h"
 #include "platform/numbers.h"
 
 namespace gis {
 namespace {
 
-char Small(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; }
-
 // Names become file names, and those of "A" and "a" are one file on many systems.
 bool SameName(const tdk::WString& a, const tdk::WString& b) {
-  return std::ranges::equal(a.ToUtf8(), b.ToUtf8(),
-                            [](char x, char y) { return Small(x) == Small(y); });
+  return platform::AreSameInAnyLetters(a.ToUtf8(), b.ToUtf8());
 }
 
 template <class List>

@@ -5,6 +5,7 @@
 #include <limits>
 
 #include "model/undefined.h"
+#include "platform/letters.h"
 
 namespace gis {
 namespace {
@@ -26,8 +27,6 @@ T ValueOr(const Value& value, T otherwise) {
   const T* held = std::get_if<T>(&value);
   return held != nullptr ? *held : otherwise;
 }
-
-char Small(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; }
 
 }  // namespace
 
@@ -99,8 +98,7 @@ void Column::MakeReal() {
 
 int CTable::FindField(const tdk::WString& name) const {
   const auto found = std::ranges::find_if(fields_, [&](const Field& field) {
-    return std::ranges::equal(field.name.ToUtf8(), name.ToUtf8(),
-                              [](char a, char b) { return Small(a) == Small(b); });
+    return platform::AreSameInAnyLetters(field.name.ToUtf8(), name.ToUtf8());
   });
   return found == fields_.end() ? -1 : static_cast<int>(found - fields_.begin());
 }

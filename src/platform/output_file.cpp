@@ -63,7 +63,7 @@ bool WriteAll(int file, std::string_view bytes) {
 
 OutputFile::~OutputFile() { Discard(); }
 
-bool OutputFile::Open(std::string_view path) {
+bool OutputFile::Start(std::string_view path, bool inPlaceToo) {
   Discard();
   target_ = FollowLinks(NativePath(path));
   failed_ = false;
@@ -75,19 +75,19 @@ bool OutputFile::Open(std::string_view path) {
     return Fail(FileTrouble::Action::kCreate, errno);
   }
   if (!exists || S_ISREG(facts.st_mode)) {
-    if (OpenBeside(target_)) {
+    if (MakeTemporary()) {
       // A file system without modes may refuse; the text is what matters.
       if (exists) static_cast<void>(fchmod(file_, facts.st_mode & 07777));
       return true;
     }
-    if (!exists) return Fail(FileTrouble::Action::kCreate, errno);
+    if (!exists || !inPlaceToo) return Fail(FileTrouble::Action::kCreate, errno);
   }
   file_ = open(target_.c_str(), kFlags | O_TRUNC, kMode);
   return file_ >= 0 || Fail(FileTrouble::Action::kCreate, errno);
 }
 
-bool OutputFile::OpenBeside(const std::string& target) {
-  temporary_ = TemporaryName(target);
+bool OutputFile::MakeTemporary() {
+  temporary_ = TemporaryName(target_);
   file_ = open(temporary_.c_str(), kFlags | O_EXCL, kMode);
   if (file_ < 0) temporary_.clear();
   return file_ >= 0;

@@ -22,7 +22,10 @@ class OutputFile {
   OutputFile& operator=(const OutputFile&) = delete;
 
   /// Starts the file for `path` (backslashes allowed). False when it cannot be created.
-  bool Open(std::string_view path);
+  bool Open(std::string_view path) { return Start(path, /*inPlaceToo=*/true); }
+  /// The same, but never writes over an old file: false, with that one untouched, where the folder
+  /// takes no new files. For files that belong together (output_set.h).
+  bool OpenBeside(std::string_view path) { return Start(path, /*inPlaceToo=*/false); }
   bool IsOpen() const { return file_ >= 0; }
 
   /// Where the next text is appended; pass it on with Flush now and then, FlushIfLarge between
@@ -50,7 +53,8 @@ class OutputFile {
  private:
   static constexpr std::size_t kFlushSize = 256 * 1024;
 
-  bool OpenBeside(const std::string& target);
+  bool Start(std::string_view path, bool inPlaceToo);
+  bool MakeTemporary();
   bool Fail(FileTrouble::Action action, int error);
   void Discard();
 

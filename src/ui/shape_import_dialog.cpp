@@ -2,6 +2,7 @@
 
 #include "model/shape_files.h"
 #include "platform/folder_list.h"
+#include "platform/letters.h"
 #include "platform/paths.h"
 #include "services/cloud.h"
 #include "services/job_folder_dialog.h"
@@ -18,24 +19,15 @@ constexpr std::string_view kTable = ".dbf";
 constexpr int kUnknownType = -1;
 constexpr int kPointType = 1;
 
-std::string Lower(std::string text) {
-  for (char& c : text) c = c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
-  return text;
-}
-
-std::string Upper(std::string_view text) {
-  std::string upper(text);
-  for (char& c : upper) c = c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c;
-  return upper;
-}
-
 // Cut before the first ".shp", letter case ignored.
-std::string ListedName(const std::string& file) { return file.substr(0, Lower(file).find(kShape)); }
+std::string ListedName(const std::string& file) {
+  return file.substr(0, platform::Small(file).find(kShape));
+}
 
 // Where letters count, a file of capital letters is only found by them.
 std::string WithExtension(const std::string& path, std::string_view extension) {
   const std::string usual = path + std::string(extension);
-  const std::string capital = path + Upper(extension);
+  const std::string capital = path + platform::Capital(extension);
   return !platform::IsThere(usual) && platform::IsThere(capital) ? capital : usual;
 }
 

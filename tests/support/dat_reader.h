@@ -100,10 +100,20 @@ inline void TakeMeasurement(const Fields& fields, Station& station) {
   }
 }
 
+// One that goes on has no number of vertices and the type of its first line.
+inline void TakeContour(const Fields& fields, File& file) {
+  ASSERT_GE(fields.size(), 2U);
+  if (fields[0] != "0") return file.contours.push_back(fields);
+  ASSERT_FALSE(file.contours.empty());
+  Fields& begun = file.contours.back();
+  EXPECT_EQ(begun.back(), fields.back());
+  begun.insert(begun.end() - 1, fields.begin() + 1, fields.end() - 1);
+}
+
 inline void Take(char type, const Fields& fields, File& file) {
   if (type == '1') return file.stations.push_back(StationOf(fields));
   if (type == '3') return file.traverses.push_back(fields);
-  if (type == '7') return file.contours.push_back(fields);
+  if (type == '7') return TakeContour(fields, file);
   if (type == '8') return file.fiducials.push_back(fields);
   if (type == '0') file.heading = fields;
   if (type == '9') file.values = fields;

@@ -32,6 +32,12 @@ inline std::vector<std::string> Texts(const std::vector<tdk::WString>& notes) {
   return texts;
 }
 
+inline std::vector<std::string> Lines(const std::vector<ShapeFiles::Note>& notes) {
+  std::vector<std::string> lines;
+  for (const ShapeFiles::Note& note : notes) lines.push_back(note.Line());
+  return lines;
+}
+
 /// A library with one theme, put together piece by piece.
 class ThemeMaker {
  public:

@@ -106,8 +106,8 @@ ExchangeRunner::Outcome ExchangeRunner::Call(const ExchangeCommand& command, QtV
   if (std::string reason = trouble.Reason(views.Path()); !reason.empty()) {
     outcome.remarks.push_back(std::move(reason));
   }
-  for (const tdk::WString& note : ShapeFiles::Install().TakeNotes()) {
-    outcome.remarks.push_back(note.ToUtf8());
+  for (const ShapeFiles::Note& note : ShapeFiles::Install().TakeNotes()) {
+    outcome.remarks.push_back(note.Line());
   }
   // The Shape import says 1 whatever became of it, a cancelled dialog included.
   if (command.function == std::string_view("FImportEntFromFileShape") && views.Path().empty()) {
