@@ -11,7 +11,7 @@ QIcon IconOf(const PlanLayer& layer) {
     case LayerKind::kPoints: return MarkIcon(static_cast<plot::MarkKind>(layer.position));
     case LayerKind::kNames:
     case LayerKind::kCodes: return LetterIcon();
-    case LayerKind::kDrawing: return LineIcon(layer.colors.empty() ? 0 : RgbOf(layer.colors[0]));
+    case LayerKind::kDrawing: return LineIcon(layer.ColorOf(0));
     default: return LineIcon(layer.color);
   }
 }
