@@ -2,7 +2,6 @@
 #include <filesystem>
 
 #include "support/dwg_records.h"
-#include "support/text_files.h"
 
 using namespace dwg_test;
 
