@@ -58,6 +58,7 @@ void MainWindow::ShowJob() {
   tree_.Show(&job_.Document());
   plan_->ShowJob(job_.Document());
   treeView_->setCurrentIndex(tree_.index(0, 0));
+  treeView_->expand(tree_.index(0, 0));
   undo_->setEnabled(job_.CanUndo());
   const QString name = job_.Path() ? ToQt(*job_.Path()) : Translated(ToXlate("new job"));
   setWindowTitle(name + (job_.IsChanged() ? "* – " : " – ") + "Kalvio Exchange");

@@ -253,7 +253,10 @@ class PressButton : public Control {
 QComboBox* NewCombo(const char* name, const DialogShape& shape) {
   auto* const box = new QComboBox;
   box->setObjectName(name);
-  if (!shape.isHandheld) return box;
+  if (!shape.isHandheld) {
+    box->setSizeAdjustPolicy(QComboBox::AdjustToContents);
+    return box;
+  }
   constexpr int kLeastLetters = 4;
   box->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
   box->setMinimumContentsLength(kLeastLetters);

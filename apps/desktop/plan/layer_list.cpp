@@ -1,5 +1,7 @@
 #include "apps/desktop/plan/layer_list.h"
 
+#include <QStyle>
+
 #include "apps/desktop/plan/mark_painter.h"
 #include "services/translate.h"
 
@@ -20,6 +22,8 @@ QIcon IconOf(const PlanLayer& layer) {
 
 LayerList::LayerList(PlanView& view, QWidget* parent) : QListWidget(parent), view_(view) {
   setObjectName("layers");
+  const int side = style()->pixelMetric(QStyle::PM_SmallIconSize);
+  setIconSize({side, side});
   setAccessibleName(QString::fromStdString(Xlate("Layers of the plan").ToUtf8()));
   connect(&view_, &PlanView::LayersChanged, this, &LayerList::Refill);
   connect(this, &QListWidget::itemChanged, this, &LayerList::Take);

@@ -1,5 +1,7 @@
 #include "apps/desktop/plan/name_painter.h"
 
+#include <QMultiHash>
+#include <algorithm>
 #include <array>
 
 #include "host/plot/bit_grid.h"
@@ -77,17 +79,29 @@ class NamePainter {
   void Occupy(const QPointF& at) {
     room_.Take(QRectF(at - QPointF(kSymbol / 2, kSymbol / 2), QSizeF(kSymbol, kSymbol)));
   }
+  /// `texts`: the fullest first, the name alone last.
   void Paint(const QPointF& at, const QStringList& texts, const QColor& color) {
+    if (IsNamedAlready(at, texts.last())) return;
     for (const QString& text : texts) {
       if (text.isEmpty()) continue;
       for (const QRectF& box :
            PlacesFor(at, metrics_.horizontalAdvance(text), metrics_.ascent() + kBelow)) {
-        if (room_.IsFree(box)) return PaintIn(box, text, color);
+        if (!room_.IsFree(box)) continue;
+        named_.insert(texts.last(), at);
+        return PaintIn(box, text, color);
       }
     }
   }
 
  private:
+  // A point that was measured from several stations is one to the eye.
+  bool IsNamedAlready(const QPointF& at, const QString& name) const {
+    constexpr double kSamePlace = 6;  // pixels
+    const auto places = named_.equal_range(name);
+    return std::any_of(places.first, places.second, [&](const QPointF& other) {
+      return (other - at).manhattanLength() < kSamePlace;
+    });
+  }
   // On a ground of its own, so that lines behind it do not run through its letters.
   void PaintIn(const QRectF& box, const QString& text, const QColor& color) {
     room_.Take(box);
@@ -99,6 +113,7 @@ class NamePainter {
   Room room_;
   QPainter& painter_;
   QFontMetricsF metrics_;
+  QMultiHash<QString, QPointF> named_;
 };
 
 }  // namespace
