@@ -69,6 +69,7 @@ TEST_F(DxfWriterPolylines, BulgesInSpaceAreNoArcsSoTheElevationsStay) {
   Add(polyline);
   EXPECT_EQ(Count(V2000(), "0 VERTEX\n"), 2U);
   EXPECT_EQ(Count(V2000(), "42 "), 0U);
+  EXPECT_EQ(written.straightened, 1U);
 }
 
 TEST_F(DxfWriterPolylines, FewerBulgesThanPointsAreStraightBeyond) {

@@ -206,7 +206,7 @@ class DxfRoundTrip : public testing::TestWithParam<enumTCAD_DXFDWG_VER> {
     CadSave how;
     how.path = tdk::WString(folder.Path("drawing.dxf"));
     how.version = GetParam();
-    const DxfWritten result = WriteDxfCounting(how, written);
+    const CadWritten result = WriteDxfCounting(how, written);
     EXPECT_TRUE(result.isWritten);
     EXPECT_EQ(result.leftOut, 0U);
     const CadLoad load = ReadDxf(how.path, read);

@@ -207,4 +207,14 @@ TEST_F(FieldBookBlocksInFiles, SaveTellsWhatItLeftOut) {
   EXPECT_THAT(files.SaveNotes(), IsEmpty());
 }
 
+TEST_F(FieldBookBlocksInFiles, SaveTellsOfArcsThatItMadeStraight) {
+  engine.Add({1, cad::kByLayer, false, cad::Origin::kUser,
+              cad::PolylineShape{{{0, 0, 1}, {1, 0, 2}}, {0.5}, false}});
+  engine.Add({1, cad::kByLayer, false, cad::Origin::kUser,
+              cad::PolylineShape{{{0, 0, 1}, {1, 0, 1}}, {0.5}, false}});
+  SaveAndLoad(false);
+  ASSERT_THAT(files.SaveNotes(), SizeIs(1));
+  EXPECT_THAT(files.SaveNotes()[0].ToUtf8(), HasSubstr("straight legs in place of arcs (1)"));
+}
+
 }  // namespace

@@ -206,7 +206,8 @@ TEST_F(PlanPicture, OnlyPointsOfShapeFilesHaveNames) {
 "features":[{"parts":[[[30,30]]],"values":["oak"]}]}]}})");
   ASSERT_EQ(RunKalvio({"convert", "--job", "job.json", "out.shp"}, where).status, 0);
   EXPECT_THAT(Run({"out-Walls.shp", "plan.svg"}).out, StartsWith("wrote plan.svg: 1 theme; "));
-  EXPECT_THAT(Run({"out-Trees.shp", "plan.svg"}).out, StartsWith("wrote plan.svg: 1 point, 1 theme; "));
+  EXPECT_THAT(Run({"out-Trees.shp", "plan.svg"}).out,
+              StartsWith("wrote plan.svg: 1 point, 1 theme; "));
   EXPECT_THAT(Bytes("plan.svg"), HasSubstr(Text("oak")));
 }
 

@@ -17,26 +17,31 @@ CadLoad CadFiles::LoadDwg(const tdk::WString& path, CTcadEng& engine) {
 }
 
 std::vector<tdk::WString> CadFiles::SaveNotes() const {
-  if (leftOut_ == 0) return {};
-  std::string number;
-  platform::AppendWhole(number, static_cast<std::int64_t>(leftOut_));
-  return {Fill(Xlate("entities whose numbers make no shape, or whose block is not there, are left "
-                     "out ({1})"),
-               {tdk::WString(number)})};
+  std::vector<tdk::WString> notes;
+  const auto tell = [&](const tdk::WString& pattern, std::uint64_t count) {
+    std::string number;
+    platform::AppendWhole(number, static_cast<std::int64_t>(count));
+    if (count > 0) notes.push_back(Fill(pattern, {tdk::WString(number)}));
+  };
+  tell(Xlate(
+           "entities whose numbers make no shape, or whose block is not there, are left out ({1})"),
+       written_.leftOut);
+  tell(Xlate(
+           "polylines whose points are not equally high have straight legs in place of arcs ({1})"),
+       written_.straightened);
+  return notes;
 }
 
 bool CadFiles::SaveDxf(const CadSave& how, const CTcadEng& engine) {
   const auto exploded = how.ExplodesBlocks() ? WithoutFieldBookBlocks(engine) : nullptr;
-  const DxfWritten written = WriteDxfCounting(how, exploded == nullptr ? engine : *exploded);
-  leftOut_ = written.leftOut;
-  return written.isWritten;
+  written_ = WriteDxfCounting(how, exploded == nullptr ? engine : *exploded);
+  return written_.isWritten;
 }
 
 bool CadFiles::SaveDwg(const CadSave& how, const CTcadEng& engine) {
   const auto exploded = how.ExplodesBlocks() ? WithoutFieldBookBlocks(engine) : nullptr;
-  const DwgWritten written = WriteDwgCounting(how, exploded == nullptr ? engine : *exploded);
-  leftOut_ = written.leftOut;
-  return written.isWritten;
+  written_ = WriteDwgCounting(how, exploded == nullptr ? engine : *exploded);
+  return written_.isWritten;
 }
 
 CadFiles& CadFiles::Install() {

@@ -1,8 +1,7 @@
 // Drawing files of the reference host.
 #pragma once
 
-#include <cstdint>
-
+#include "host/cad/writing/written.h"
 #include "model/cad_files.h"
 
 /// Reads and writes DXF and DWG.
@@ -15,13 +14,12 @@ class CadFiles : public ICadFiles {
 
   std::vector<tdk::WString> SaveNotes() const override;
 
-  /// How many entities the last save had to leave out: they have undefined numbers, or none that
-  /// make a shape.
-  std::uint64_t LeftOut() const { return leftOut_; }
+  /// What came of the last save.
+  const CadWritten& Written() const { return written_; }
 
   /// The files of this process; made current at the first call.
   static CadFiles& Install();
 
  private:
-  std::uint64_t leftOut_ = 0;
+  CadWritten written_;
 };

@@ -261,7 +261,7 @@ class DwgFiles : public testing::Test {
   CTcadEng engine{0, nullptr, true};
   CTcadEng back{0, nullptr, true};
   bool onlyVisible = false;
-  DwgWritten written;
+  CadWritten written;
   CadLoad load;
 };
 

@@ -94,7 +94,7 @@ class DxfWriting : public testing::Test {
   TemporaryFolder folder;
   CTcadEng engine{0, nullptr, true};
   bool onlyVisible = false;
-  DxfWritten written;
+  CadWritten written;
 };
 
 }  // namespace dxf_writer_test

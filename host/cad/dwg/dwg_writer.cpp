@@ -90,7 +90,7 @@ void WriteFile(FileWriter& file, FileLayout& layout, const FilePlan& plan) {
 }  // namespace
 }  // namespace dwg
 
-DwgWritten WriteDwgCounting(const CadSave& how, const CTcadEng& engine) {
+CadWritten WriteDwgCounting(const CadSave& how, const CTcadEng& engine) {
   using namespace dwg;
   platform::OutputFile output;
   const std::string path = how.path.ToUtf8();
@@ -104,5 +104,5 @@ DwgWritten WriteDwgCounting(const CadSave& how, const CTcadEng& engine) {
     return {};
   }
   output.Overwrite(0, FileHeader(layout));
-  return {output.Commit(), plan.LeftOut()};
+  return {output.Commit(), plan.LeftOut(), plan.Straightened()};
 }

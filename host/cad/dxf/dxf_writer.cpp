@@ -39,7 +39,7 @@ void WriteEntities(Tags& tags, const Plan& plan, EntityWriter& writer) {
 }  // namespace
 }  // namespace dxf_writer
 
-DxfWritten WriteDxfCounting(const CadSave& how, const CTcadEng& engine) {
+CadWritten WriteDxfCounting(const CadSave& how, const CTcadEng& engine) {
   using namespace dxf_writer;
   platform::OutputFile file;
   if (!file.Open(how.path.ToUtf8())) return {};
@@ -51,7 +51,7 @@ DxfWritten WriteDxfCounting(const CadSave& how, const CTcadEng& engine) {
   WriteBlocks(tags, plan, writer);
   WriteEntities(tags, plan, writer);
   WriteEnd(tags);
-  return {file.Commit(), plan.LeftOut()};
+  return {file.Commit(), plan.LeftOut(), plan.Straightened()};
 }
 
 bool WriteDxf(const CadSave& how, const CTcadEng& engine) {

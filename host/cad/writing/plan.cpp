@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "host/cad/writing/geometry.h"
 #include "host/cad/writing/soundness.h"
 
 namespace cad_writer {
@@ -19,6 +20,14 @@ std::size_t RecordsOf(const cad::Entity& entity) {
     return kRecordsOfEntity + insert->attributes.size();
   }
   return kRecordsOfEntity;
+}
+
+// Only polylines that lie flat have arcs in a file.
+bool LosesArcs(const cad::Shape& shape) {
+  const auto* const polyline = std::get_if<cad::PolylineShape>(&shape);
+  return polyline != nullptr && !IsFlat(*polyline) &&
+         std::any_of(polyline->bulges.begin(), polyline->bulges.end(),
+                     [](double bulge) { return bulge != 0; });
 }
 
 }  // namespace
@@ -153,6 +162,7 @@ void Plan::Measure(const std::vector<cad::Entity>& entities, int block, Extent& 
     Include(extent, entity.shape);
     IncludeInserted(extent, entity);
     records_ += RecordsOf(entity);
+    if (LosesArcs(entity.shape)) ++straightened_;
   }
 }
 

@@ -69,6 +69,8 @@ class Plan {
 
   const Extent& DrawingExtent() const { return extent_; }
   std::uint64_t LeftOut() const { return leftOut_; }
+  /// How many polylines lose their arcs.
+  std::uint64_t Straightened() const { return straightened_; }
   /// How many records the layers, the blocks and all entities make at most.
   std::uint64_t MostRecords() const { return records_; }
 
@@ -98,6 +100,7 @@ class Plan {
   std::vector<int> order_;
   Extent extent_;
   std::uint64_t leftOut_ = 0;
+  std::uint64_t straightened_ = 0;
   bool takesAll_ = true;
   std::uint64_t records_ = 0;
 };
