@@ -1,9 +1,15 @@
 // The files of a set are replaced together or not at all.
 #include <sys/stat.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <chrono>
+#include <csignal>
 
 #include "host/gis/shape_paths.h"
 #include "platform/output_set.h"
 #include "tests/support/ordinary_user.h"
+#include "tests/support/random.h"
 #include "tests/support/shape_sets.h"
 
 namespace {
@@ -150,6 +156,52 @@ TEST(ShapeOutputSet, WhatCannotBePlacedPutsAllOldFilesBack) {
   EXPECT_EQ(platform::PlaceTogether(all, std::span(&stale, 1)), 2U);
   EXPECT_EQ(ReadBytes(folder.File("a")), "old a");
   EXPECT_THAT(folder.Names(), ElementsAre("a", "b", "stale"));
+}
+
+constexpr std::array kNames = {"a", "b", "c", "d", "e"};
+
+void PlaceNewFiles(const TemporaryFolder& folder) {
+  std::array<platform::OutputFile, kNames.size()> files;
+  std::vector<platform::OutputFile*> all;
+  for (std::size_t i = 0; i < files.size(); ++i) {
+    files[i].Open(folder.File(kNames[i]));
+    files[i].Buffer() += "new";
+    files[i].Complete();
+    all.push_back(&files[i]);
+  }
+  platform::PlaceTogether(all, {});
+}
+
+// Runs it in a process that is killed after so many microseconds; ends when nothing of it is left.
+void PlaceAndBeKilled(const TemporaryFolder& folder, useconds_t after) {
+  std::array<int, 2> alive{};
+  ASSERT_EQ(pipe(alive.data()), 0);
+  const pid_t child = fork();
+  if (child == 0) {
+    PlaceNewFiles(folder);
+    _exit(0);
+  }
+  close(alive[1]);
+  usleep(after);
+  kill(child, SIGKILL);
+  waitpid(child, nullptr, 0);
+  char byte = 0;
+  EXPECT_EQ(read(alive[0], &byte, 1), 0);  // whoever has its other end may still be at it
+  close(alive[0]);
+}
+
+TEST(ShapeOutputSet, WhoIsKilledLeavesAllOldFilesOrAllNewOnes) {
+  const TemporaryFolder folder;
+  const auto start = std::chrono::steady_clock::now();
+  PlaceNewFiles(folder);
+  const std::chrono::duration<double, std::micro> whole = std::chrono::steady_clock::now() - start;
+  Random random;
+  for (int round = 0; round < 200; ++round) {
+    for (const char* const name : kNames) folder.Write(name, "old");
+    PlaceAndBeKilled(folder, static_cast<useconds_t>(random.Real(0, 2) * whole.count()));
+    const std::string first = ReadBytes(folder.File("a"));
+    for (const char* const name : kNames) ASSERT_EQ(ReadBytes(folder.File(name)), first) << round;
+  }
 }
 
 TEST(ShapeOutputSet, RewritesBytesThatWereWrittenBefore) {

@@ -132,13 +132,14 @@ bool OutputFile::Complete() {
 }
 
 bool OutputFile::Place() {
-  if (!failed_ && !temporary_.empty()) {
-    if (std::rename(temporary_.c_str(), target_.c_str()) == 0) {
-      temporary_.clear();
-    } else {
-      Fail(FileTrouble::Action::kWrite, errno);
-    }
-  }
+  const bool moves = !failed_ && !temporary_.empty();
+  const bool isThere = !moves || std::rename(temporary_.c_str(), target_.c_str()) == 0;
+  return Placed(isThere ? 0 : errno);
+}
+
+bool OutputFile::Placed(int error) {
+  if (error != 0) Fail(FileTrouble::Action::kWrite, error);
+  if (!failed_) temporary_.clear();
   const bool complete = !failed_;
   Discard();
   return complete;

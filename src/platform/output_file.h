@@ -47,6 +47,10 @@ class OutputFile {
   bool Complete();
   /// Takes the target's place. False, with the old file untouched, when that fails.
   bool Place();
+  /// What Place does once its file was moved, or not, by somebody else: an errno value, or 0.
+  bool Placed(int error);
+  /// Where it is until then; empty where the target itself is written.
+  const std::string& Temporary() const { return temporary_; }
   /// What it replaces, once it is open.
   const std::string& Target() const { return target_; }
 
