@@ -74,7 +74,7 @@ void PlanModel::AddPoints() {
   places.reserve(content_.marks.size());
   std::array<bool, plot::kMarkKinds> isThere{};
   for (const plot::Mark& mark : content_.marks) {
-    places.push_back({mark.place, static_cast<std::uint32_t>(places.size())});
+    places.push_back({mark.place, static_cast<std::uint32_t>(places.size()), mark.kind});
     extent_.Add(mark.place);
     isThere[static_cast<std::size_t>(LayerOf(mark.kind))] = true;
   }

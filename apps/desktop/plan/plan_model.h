@@ -14,10 +14,12 @@ using plot::Rgb;
 
 Rgb RgbOf(plot::MarkKind kind);
 
-/// A point of the job: its place and its position among the marks.
+/// A point of the job: its place, its position among the marks, and its kind, so that dots are
+/// drawn without a look at the marks, which lie in another order.
 struct MarkAt {
   plot::Place at;
   std::uint32_t mark = 0;
+  plot::MarkKind kind = {};
 
   const plot::Place& Where() const { return at; }
 };

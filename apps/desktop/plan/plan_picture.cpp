@@ -31,15 +31,17 @@ std::array<bool, plot::kMarkKinds> ShownKinds(const PlanModel& model) {
   return shown;
 }
 
+// Calls onMark(mark) for each mark that is seen, until it says that it has enough: false.
 template <class OnMark>
 void VisitMarks(const PlanModel& model, const ViewWindow& view, const OnMark& onMark) {
   const auto shown = ShownKinds(model);
   const plot::Box box = view.Shown();
+  bool goesOn = true;
   model.Places().VisitCells(box, [&](const plot::Box&, auto places) {
-    for (const MarkAt& each : places) {
-      if (!box.Holds(each.at)) continue;
-      const plot::MarkKind kind = model.Marks()[each.mark].kind;
-      if (shown[static_cast<std::size_t>(kind)]) onMark(each, kind);
+    for (std::size_t i = 0; goesOn && i < places.size(); ++i) {
+      const MarkAt& each = places[i];
+      if (!box.Holds(each.at) || !shown[static_cast<std::size_t>(each.kind)]) continue;
+      goesOn = onMark(each);
     }
   });
 }
@@ -149,12 +151,14 @@ class Painter {
   // Straight into the picture: a million points must not wait for a painter.
   void PaintDots() {
     const double ratio = options_.pixelRatio;
-    VisitMarks(model_, view_, [&](const MarkAt& each, plot::MarkKind kind) {
+    VisitMarks(model_, view_, [&](const MarkAt& each) {
       const plot::Place pixel = view_.ToPixels(each.at);
       const int x = static_cast<int>(pixel.x * ratio);
       const int y = static_cast<int>(pixel.y * ratio);
-      if (x < 0 || y < 0 || x >= image_.width() || y >= image_.height()) return;
-      reinterpret_cast<QRgb*>(bits_ + y * stride_)[x] = 0xFF000000 | RgbOf(kind);
+      if (x >= 0 && y >= 0 && x < image_.width() && y < image_.height()) {
+        reinterpret_cast<QRgb*>(bits_ + y * stride_)[x] = 0xFF000000 | RgbOf(each.kind);
+      }
+      return true;
     });
   }
 
@@ -198,12 +202,11 @@ class Painter {
 
 std::vector<std::uint32_t> SymbolsIn(const PlanModel& model, const ViewWindow& view) {
   std::vector<std::uint32_t> symbols;
-  bool areTooMany = false;
-  VisitMarks(model, view, [&](const MarkAt& each, plot::MarkKind) {
-    areTooMany = areTooMany || symbols.size() == kMostSymbols;
-    if (!areTooMany) symbols.push_back(each.mark);
+  VisitMarks(model, view, [&](const MarkAt& each) {
+    symbols.push_back(each.mark);
+    return symbols.size() <= kMostSymbols;
   });
-  if (areTooMany) symbols.clear();
+  if (symbols.size() > kMostSymbols) symbols.clear();
   std::sort(symbols.begin(), symbols.end());
   return symbols;
 }
