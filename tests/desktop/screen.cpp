@@ -1,10 +1,13 @@
 #include "tests/desktop/screen.h"
 
+#include <sys/prctl.h>
+
 #include <QClipboard>
 #include <QElapsedTimer>
 #include <QPixmap>
 #include <QScreen>
 #include <QThread>
+#include <csignal>
 #include <stdexcept>
 
 namespace desktop_test {
@@ -33,11 +36,17 @@ QString Output(const QString& program, const QStringList& words) {
   return QString::fromUtf8(process.readAllStandardOutput());
 }
 
+// However this process ends.
+void EndWithThisProcess(QProcess& process) {
+  process.setChildProcessModifier([] { prctl(PR_SET_PDEATHSIG, SIGKILL); });
+}
+
 QString Xdotool(const QStringList& words) { return Output("xdotool", words); }
 
 }  // namespace
 
 Screen::Screen() {
+  EndWithThisProcess(server_);
   server_.start("Xvfb", {"-displayfd", "1", "-screen", "0", "1280x1024x24", "-nolisten", "tcp"});
   if (!server_.waitForStarted() || !server_.waitForReadyRead(kPatience)) {
     throw std::runtime_error("Xvfb does not run: scripts/install-packages --tests installs it");
@@ -58,6 +67,7 @@ Shown::Shown(const QString& program, const QString& folder) {
   environment.insert("LANG", "C.UTF-8");
   environment.insert("LC_ALL", "C.UTF-8");
   environment.insert("QT_QPA_PLATFORM", "xcb");
+  EndWithThisProcess(program_);
   program_.setProcessEnvironment(environment);
   program_.setWorkingDirectory(folder);
   program_.setProcessChannelMode(QProcess::ForwardedChannels);
