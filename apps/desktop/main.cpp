@@ -1,6 +1,5 @@
 #include <QApplication>
 #include <QScreen>
-#include <cstdlib>
 #include <optional>
 
 #include "apps/desktop/dialogs/handheld_style.h"
@@ -13,22 +12,9 @@
 #include "host/cad/cad_files.h"
 #include "host/geodesy/lazy_geodesy.h"
 #include "host/gis/shape_files.h"
+#include "language.h"
 
 namespace {
-
-// The user's choice, else that of the first of these variables that is set.
-void StartLanguage() {
-  if (const std::string chosen = ChosenLanguage(); !chosen.empty()) {
-    SetLanguage(chosen);
-    return;
-  }
-  for (const char* variable : {"LC_ALL", "LC_MESSAGES", "LANG"}) {
-    const char* const value = std::getenv(variable);
-    if (value == nullptr || *value == '\0') continue;
-    SetLanguage(value);
-    return;
-  }
-}
 
 // What can be said without a screen; nothing when windows are wanted.
 std::optional<std::string> TextFor(std::string_view word) {
@@ -63,7 +49,7 @@ int main(int argc, char** argv) {
   QCoreApplication::setOrganizationName("Kalvio");
   QCoreApplication::setApplicationName("kalvio-desktop");
   QCoreApplication::setApplicationVersion(KALVIO_VERSION);
-  StartLanguage();
+  StartLanguage(ChosenLanguage());
   if (const auto text = argc > 1 ? TextFor(argv[1]) : std::nullopt) {
     console::Out(*text);
     return console::FinishOutput() ? 0 : exit_status::kFailed;

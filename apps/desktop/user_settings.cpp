@@ -26,7 +26,10 @@ void AddRecentJob(const std::string& path) {
   QSettings().setValue(kRecent, jobs.mid(0, kMost));
 }
 
-std::string ChosenLanguage() { return ToUtf8(QSettings().value(kLanguage).toString()); }
+std::optional<std::string> ChosenLanguage() {
+  const std::string language = ToUtf8(QSettings().value(kLanguage).toString());
+  return language.empty() ? std::nullopt : std::optional(language);
+}
 
 void ChooseLanguage(const std::string& language) {
   QSettings().setValue(kLanguage, ToQt(language));

@@ -10,8 +10,8 @@
 QStringList RecentJobs();
 void AddRecentJob(const std::string& path);
 
-/// The language that was chosen; empty when none was.
-std::string ChosenLanguage();
+/// The language that was chosen.
+std::optional<std::string> ChosenLanguage();
 void ChooseLanguage(const std::string& language);
 
 /// The unit of angles that was chosen last, as a position in the host's list; it is for new jobs.

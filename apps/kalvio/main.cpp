@@ -1,5 +1,4 @@
 #include <clocale>
-#include <cstdlib>
 
 #include "commands.h"
 #include "console.h"
@@ -9,24 +8,11 @@
 #include "host/geodesy/lazy_geodesy.h"
 #include "host/gis/shape_files.h"
 #include "host/store/job_store.h"
+#include "language.h"
 #include "pages.h"
 #include "services/translate.h"
 
 namespace {
-
-// As a desktop host chooses it: --lang, else the first of these that is set.
-void ChooseLanguage(const std::vector<std::string>& words) {
-  if (const auto chosen = ChosenLanguage(words)) {
-    SetLanguage(*chosen);
-    return;
-  }
-  for (const char* variable : {"LC_ALL", "LC_MESSAGES", "LANG"}) {
-    const char* const value = std::getenv(variable);
-    if (value == nullptr || *value == '\0') continue;
-    SetLanguage(value);
-    return;
-  }
-}
 
 int RunCommand(const Arguments& arguments) {
   const std::string_view name = arguments.command->name;
@@ -41,7 +27,7 @@ int RunCommand(const Arguments& arguments) {
 }
 
 int Run(const std::vector<std::string>& words) {
-  ChooseLanguage(words);
+  StartLanguage(ChosenLanguage(words));
   const Arguments arguments = ParseArguments(words);
   if (arguments.Has("--help")) {
     console::Out(arguments.command == nullptr ? ProgramHelp() : CommandHelp(*arguments.command));

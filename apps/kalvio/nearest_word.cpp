@@ -4,6 +4,7 @@
 #include <numeric>
 #include <vector>
 
+#include "platform/letters.h"
 #include "services/translate.h"
 
 namespace {
@@ -11,17 +12,16 @@ namespace {
 constexpr std::size_t kMostDifferences = 2;
 constexpr std::size_t kLongestWord = 40;
 
-char Lower(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; }
-
 // How many letters must be put in, taken out or changed to make one word the other, letter case
 // ignored.
 std::size_t Distance(std::string_view first, std::string_view second) {
+  using platform::Small;
   std::vector<std::size_t> row(second.size() + 1);
   std::iota(row.begin(), row.end(), std::size_t{0});
   for (std::size_t i = 0; i < first.size(); ++i) {
     std::size_t diagonal = row[0]++;
     for (std::size_t j = 0; j < second.size(); ++j) {
-      const std::size_t changed = diagonal + (Lower(first[i]) == Lower(second[j]) ? 0 : 1);
+      const std::size_t changed = diagonal + (Small(first[i]) == Small(second[j]) ? 0 : 1);
       diagonal = row[j + 1];
       row[j + 1] = std::min({changed, row[j] + 1, row[j + 1] + 1});
     }

@@ -5,11 +5,13 @@
 #include "job_session.h"
 #include "model/gis.h"
 #include "model/shape_files.h"
+#include "platform/paths.h"
 
 namespace {
 
-bool HoldsPoints(const std::string& shapeFile) {
-  const int type = FGetEntTypeFromFileShp(tdk::WString(AbsolutePath(shapeFile)));
+bool IsShapeFileOfPoints(const std::string& file) {
+  if (platform::Extension(file) != "shp") return false;
+  const int type = FGetEntTypeFromFileShp(tdk::WString(AbsolutePath(file)));
   return type == static_cast<int>(gis::EntityType::kPoint);
 }
 
@@ -34,7 +36,7 @@ void ReadFiles(const Sources& sources, HostDocument& document, const TextOptions
   if (sources.files.empty()) return;
   const Module module;
   for (const std::string& file : sources.files) {
-    const bool makesPoints = points == FeaturePoints::kOfAll || HoldsPoints(file);
+    const bool makesPoints = points == FeaturePoints::kOfAll || IsShapeFileOfPoints(file);
     TellRemarks(file, ImportFile(module, file, document, layout, progress, makesPoints).remarks);
   }
 }

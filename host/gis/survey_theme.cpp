@@ -33,10 +33,6 @@ void ForEachPoint(HostDocument& document, const Visit& visit) {
   for (int i = 0; i < surveys.GetOriArSize(); ++i) visit(*surveys.GetOriAt(i), "control", {});
 }
 
-bool HasPlace(const CEgn& point) {
-  return IsDefined(point.GetCoordX()) && IsDefined(point.GetCoordY());
-}
-
 struct Found {
   std::size_t points = 0;
   bool hasHeights = false;
@@ -45,7 +41,7 @@ struct Found {
 Found Look(HostDocument& document) {
   Found found;
   ForEachPoint(document, [&](const CEgn& point, const char*, const tdk::WString&) {
-    if (!HasPlace(point)) return;
+    if (!point.HasPlane()) return;
     ++found.points;
     found.hasHeights = found.hasHeights || IsDefined(point.GetCoordZ());
   });
@@ -69,7 +65,7 @@ SurveyTheme MakeSurveyTheme(HostDocument& document, const tdk::WString& name) {
   made.theme->Reserve(found.points, found.points, found.points);
   made.table->Reserve(found.points);
   ForEachPoint(document, [&](const CEgn& point, const char* kind, const tdk::WString& group) {
-    if (!HasPlace(point)) {
+    if (!point.HasPlane()) {
       ++made.withoutPlace;
       return;
     }

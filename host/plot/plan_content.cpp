@@ -13,9 +13,8 @@ class Collector {
   explicit Collector(PlanContent& content) : content_(content) {}
 
   void Add(const CEgn& point, MarkKind kind) {
-    const Place place{point.GetCoordX(), point.GetCoordY()};
-    if (IsDefined(place.x) && IsDefined(place.y)) {
-      content_.marks.push_back({place, &point, kind});
+    if (point.HasPlane()) {
+      content_.marks.push_back({{point.GetCoordX(), point.GetCoordY()}, &point, kind});
     } else {
       ++content_.withoutPlace;
     }

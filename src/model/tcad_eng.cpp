@@ -4,6 +4,7 @@
 #include <cwchar>
 
 #include "model/cad_files.h"
+#include "platform/letters.h"
 
 namespace {
 
@@ -11,13 +12,7 @@ ICadFiles* current = nullptr;
 
 // Names of drawings and blocks are the same in small letters and capitals. Only those of ASCII: so
 // do the programs that read the files.
-std::string InCapitals(std::string_view name) {
-  std::string capitals(name);
-  std::transform(capitals.begin(), capitals.end(), capitals.begin(), [](char c) {
-    return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c;
-  });
-  return capitals;
-}
+std::string InCapitals(std::string_view name) { return platform::Capital(name); }
 
 // `size` characters, the end mark among them.
 void CopyText(const tdk::WString& text, wchar_t* to, int size) {

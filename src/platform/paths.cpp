@@ -6,6 +6,8 @@
 #include <algorithm>
 #include <array>
 
+#include "platform/letters.h"
+
 namespace platform {
 namespace {
 
@@ -41,11 +43,7 @@ std::string Extension(std::string_view path) {
   const std::string_view name = FileName(path);
   const std::size_t dot = name.rfind('.');
   if (dot == std::string_view::npos) return {};
-  std::string extension(name.substr(dot + 1));
-  for (char& c : extension) {
-    if (c >= 'A' && c <= 'Z') c = static_cast<char>(c - 'A' + 'a');
-  }
-  return extension;
+  return Small(name.substr(dot + 1));
 }
 
 std::optional<std::string> ExecutableFolder() {

@@ -25,25 +25,13 @@ class RecordWriter {
   void Entity(unsigned type, Handle handle, EntityHead& head, Record& record) {
     Begin(type, handle);
     fields_.Flag(false);  // no picture of it
-    if (!fields_.Is2000()) ReserveSize();
-    Data(fields_, head);
-    Data(fields_, record);
-    EndData();
-    References(fields_, head);
-    References(fields_, record);
-    End(handle);
+    Finish(handle, head, record);
   }
 
   template <class Record>
   void Object(unsigned type, Handle handle, ObjectHead head, Record& record) {
     Begin(type, handle);
-    if (!fields_.Is2000()) ReserveSize();
-    Data(fields_, head);
-    Data(fields_, record);
-    EndData();
-    References(fields_, head);
-    References(fields_, record);
-    End(handle);
+    Finish(handle, head, record);
   }
 
   /// Where all records lie, in the order in which they were written.
@@ -51,6 +39,16 @@ class RecordWriter {
 
  private:
   void Begin(unsigned type, Handle handle);
+  template <class Head, class Record>
+  void Finish(Handle handle, Head& head, Record& record) {
+    if (!fields_.Is2000()) ReserveSize();
+    Data(fields_, head);
+    Data(fields_, record);
+    EndData();
+    References(fields_, head);
+    References(fields_, record);
+    End(handle);
+  }
   // The number of bits up to the references comes later.
   void ReserveSize();
   void EndData();

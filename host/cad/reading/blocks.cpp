@@ -1,20 +1,15 @@
 #include "host/cad/reading/blocks.h"
 
-#include <algorithm>
 #include <utility>
 
 #include "host/cad/reading/block_cycles.h"
+#include "platform/letters.h"
 
 namespace cad_reader {
 namespace {
 
 // Letter case does not matter in the engine either.
-std::string InCapitals(std::string name) {
-  std::transform(name.begin(), name.end(), name.begin(), [](char c) {
-    return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c;
-  });
-  return name;
-}
+std::string InCapitals(std::string_view name) { return platform::Capital(name); }
 
 // The block that an entity inserts; null when it is no insert.
 cad::InsertShape* InsertOf(cad::Entity& entity) {
@@ -25,7 +20,7 @@ cad::InsertShape* InsertOf(cad::Entity& entity) {
 
 // The two spaces are blocks as well; with numbers behind their names where there are several.
 BlockKind KindOf(std::string_view name) {
-  const std::string capitals = InCapitals(std::string(name));
+  const std::string capitals = InCapitals(name);
   if (capitals == "*MODEL_SPACE" || capitals == "$MODEL_SPACE") return BlockKind::kModelSpace;
   const bool isPaper = capitals.starts_with("*PAPER_SPACE") || capitals == "$PAPER_SPACE";
   return isPaper ? BlockKind::kPaperSpace : BlockKind::kUser;

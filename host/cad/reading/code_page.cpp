@@ -4,6 +4,7 @@
 #include <array>
 
 #include "platform/code_page.h"
+#include "platform/letters.h"
 
 namespace cad_reader {
 namespace {
@@ -35,14 +36,6 @@ bool IsNumber(std::string_view text) {
          std::all_of(text.begin(), text.end(), [](char c) { return c >= '0' && c <= '9'; });
 }
 
-std::string InCapitals(std::string_view name) {
-  std::string capitals(name);
-  std::transform(capitals.begin(), capitals.end(), capitals.begin(), [](char c) {
-    return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c;
-  });
-  return capitals;
-}
-
 }  // namespace
 
 std::optional<CodePage> CodePage::Open(const std::string& name) {
@@ -62,7 +55,7 @@ void CodePage::AppendUtf8(std::string& utf8, std::string_view bytes) const {
 }
 
 std::optional<CodePage> CodePageNamed(std::string_view name) {
-  const std::string capitals = InCapitals(name);
+  const std::string capitals = platform::Capital(name);
   for (const Named& known : kNames) {
     if (capitals == known.inFile) return CodePage::Open(known.name);
   }

@@ -1,28 +1,18 @@
 #include "host/cad/reading/looks.h"
 
-#include <algorithm>
+#include "platform/letters.h"
 
 namespace cad_reader {
-namespace {
-
-// Names differ in more than the case of their letters.
-bool IsName(std::string_view name, std::string_view capitals) {
-  const auto isSame = [](char c, char capital) {
-    return (c >= 'a' && c <= 'z' ? c - 'a' + 'A' : c) == capital;
-  };
-  return std::equal(name.begin(), name.end(), capitals.begin(), capitals.end(), isSame);
-}
-
-}  // namespace
 
 void LostLooks::TakeLineType(std::string_view name) {
-  const bool isPlain = name.empty() || IsName(name, "CONTINUOUS") || IsName(name, "BYLAYER") ||
-                       IsName(name, "BYBLOCK");
+  const bool isPlain = name.empty() || platform::AreSameInAnyLetters(name, "CONTINUOUS") ||
+                       platform::AreSameInAnyLetters(name, "BYLAYER") ||
+                       platform::AreSameInAnyLetters(name, "BYBLOCK");
   hasPattern_ = hasPattern_ || !isPlain;
 }
 
 void LostLooks::TakeTextStyle(std::string_view name) {
-  hasOwn_ = hasOwn_ || !(name.empty() || IsName(name, "STANDARD"));
+  hasOwn_ = hasOwn_ || !(name.empty() || platform::AreSameInAnyLetters(name, "STANDARD"));
 }
 
 void LostLooks::Take(const LostLooks& other) {

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "platform/code_page.h"
+#include "platform/letters.h"
 #include "platform/numbers.h"
 
 namespace cad_reader {
@@ -10,8 +11,6 @@ namespace {
 
 constexpr std::string_view kUnicode = "\\U+";
 constexpr std::size_t kUnicodeSize = 7;
-
-char Lower(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; }
 
 struct Letter {
   char letter;
@@ -83,7 +82,7 @@ std::optional<unsigned> HexAt(std::string_view text, std::size_t at, std::size_t
   if (text.size() < at + digits) return std::nullopt;
   unsigned number = 0;
   for (const char c : text.substr(at, digits)) {
-    const char lower = Lower(c);
+    const char lower = platform::Small(c);
     const bool isDigit = c >= '0' && c <= '9';
     if (!isDigit && (lower < 'a' || lower > 'f')) return std::nullopt;
     number = number * 16 + static_cast<unsigned>(isDigit ? c - '0' : lower - 'a' + 10);
@@ -107,7 +106,7 @@ bool TakeCaretCode(std::string_view& text, std::string& to) {
 
 bool TakePercentCode(std::string_view& text, std::string& to) {
   if (text.size() < 3 || !text.starts_with("%%")) return false;
-  const Letter* const letter = Find(kPercentLetters, Lower(text[2]));
+  const Letter* const letter = Find(kPercentLetters, platform::Small(text[2]));
   if (letter == nullptr) return TakePercentNumber(text, to);
   to += letter->stands;
   text.remove_prefix(3);

@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "platform/letters.h"
+
 namespace {
 
 constexpr int kNotMade = -1;
@@ -42,11 +44,8 @@ cad::Block MakeBlock(Symbol symbol) {
 namespace display {
 
 bool IsFieldBookBlock(std::string_view name) {
-  const auto isSameLetter = [](char known, char c) {
-    return known == (c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c);
-  };
   return std::any_of(kNames.begin(), kNames.end(), [&](std::string_view known) {
-    return std::equal(known.begin(), known.end(), name.begin(), name.end(), isSameLetter);
+    return platform::AreSameInAnyLetters(known, name);
   });
 }
 
