@@ -321,6 +321,16 @@ TEST_F(Convert, ProgressIsShownWhenAskedForAndCleared) {
   EXPECT_EQ(last.find_first_not_of(" \r"), std::string::npos) << "the line is not cleared";
 }
 
+TEST_F(Convert, ProgressIsShownForEveryFormatThatIsWritten) {
+  folder.Write("long.jb2", Jb2WithStations(20000));
+  for (const char* const output : {"b.jb3", "b.xml", "b.dxf", "b.dwg"}) {
+    const Outcome run =
+        Run({"--progress", "always", "--quiet", "--no-compute", "long.jb2", output});
+    EXPECT_EQ(run.status, 0) << output;
+    EXPECT_THAT(run.err, HasSubstr("\r" + std::string(output) + ": ")) << run.err;
+  }
+}
+
 TEST_F(Convert, ProgressIsNotShownWithoutATerminal) {
   folder.Write("long.jb2", Jb2WithStations(20000));
   EXPECT_EQ(Run({"--quiet", "long.jb2", "b.jb2"}).err, "");

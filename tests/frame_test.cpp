@@ -81,7 +81,7 @@ TEST_F(Frame, LeavesThePathOfAnImageAloneWhenTheUserCancels) {
 TEST_F(Frame, ImportsAJb2File) {
   views.Then(Choose(KALVIO_SAMPLES "/wall.jb2"));
   EXPECT_EQ(exports.importJb2(&parent, &document, 0), 1);
-  EXPECT_EQ(PointCount(*document.GetLibCmp()), 40);
+  EXPECT_EQ(ObservedPoints(*document.GetLibCmp()), 40);
   EXPECT_TRUE(views.messages.empty());
 }
 

@@ -223,7 +223,7 @@ TEST_F(Jb2Lines, InACommentAreCountedInPiecesToo) {
 
 TEST_F(Jb2Lines, ThatAreLettersOnlyGiveARecordForEachPiece) {
   Read(std::string(3 * 254 + 1, 'P'));
-  EXPECT_EQ(PointCount(library), 4);
+  EXPECT_EQ(ObservedPoints(library), 4);
   EXPECT_EQ(Outline(), "([   ])");
 }
 

@@ -230,7 +230,7 @@ int PointLines(std::string_view text) {
 
 TEST_F(Jb2RoundTrip, ReadsEveryRecordOfTheSample) {
   EXPECT_TRUE(Read(Sample()));
-  EXPECT_EQ(PointCount(library), 40);
+  EXPECT_EQ(ObservedPoints(library), 40);
   ASSERT_EQ(library.GetJobArSize(), 1);
   EXPECT_EQ(library.GetStaArSize(0), 3);
   EXPECT_EQ(Job(0).GetOper(), "Niccolò Ferri");
@@ -244,7 +244,7 @@ TEST_F(Jb2RoundTrip, ReadsTheSampleCutAtEveryByte) {
     std::filesystem::resize_file(path, size);
     CLibCmp into;
     ASSERT_TRUE(jb2::Jb2Reader(nullptr, &into, tdk::WString(path)).Run());
-    ASSERT_EQ(PointCount(into), PointLines(sample.substr(0, size))) << "cut after " << size;
+    ASSERT_EQ(ObservedPoints(into), PointLines(sample.substr(0, size))) << "cut after " << size;
     ASSERT_LE(into.GetJobArSize(), 1);
   }
 }
@@ -257,7 +257,7 @@ TEST_F(Jb2RoundTrip, ReadsTheSampleWithoutItsFirstBytesToo) {
     CLibCmp into;
     WriteFile(path, rest);
     ASSERT_TRUE(jb2::Jb2Reader(nullptr, &into, tdk::WString(path)).Run());
-    ASSERT_EQ(PointCount(into), PointLines(rest)) << "without the first " << begin << " bytes";
+    ASSERT_EQ(ObservedPoints(into), PointLines(rest)) << "without the first " << begin << " bytes";
   }
 }
 

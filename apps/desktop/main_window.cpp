@@ -64,7 +64,6 @@ void MainWindow::ShowJob() {
   setWindowTitle(name + (job_.IsChanged() ? "* – " : " – ") + "Kalvio Exchange");
   counts_->setText(ToQt(InWords(CountsOf(job_.Document()))));
   counts_->setToolTip(counts_->text());
-  statusBar()->clearMessage();
 }
 
 void MainWindow::ShowNothing() {
@@ -114,6 +113,7 @@ void MainWindow::ShowReport(ReportWindow* report) {
 
 // Nothing may be thrown through the toolkit.
 void MainWindow::Guarded(const std::function<void()>& action) {
+  statusBar()->clearMessage();  // it was about the job as it is now
   try {
     action();
   } catch (const ExchangeStopped&) {
@@ -139,6 +139,7 @@ bool MainWindow::MayLeave() {
 
 void MainWindow::NewJob() {
   if (!MayLeave()) return;
+  statusBar()->clearMessage();
   job_.New();
   UseChosenAngleUnit();
   ShowJob();
@@ -148,8 +149,7 @@ void MainWindow::OpenJob(const std::string& path) {
   Guarded([&] {
     QtViews views(this, shape_);
     views.AllowCancel(true);
-    job_.Open(path,
-              [&](std::uint64_t done, std::uint64_t total) { views.ShowProgress(done, total); });
+    job_.Open(path, views.Progress());
     AddRecentJob(path);
   });
   ShowJob();
@@ -192,20 +192,18 @@ void MainWindow::AskAndOpen(bool isFolder) {
 
 void MainWindow::Save() {
   if (!job_.Path()) return SaveAs(true);
-  Guarded([&] {
-    QtViews views(this, shape_);
-    job_.SaveTo(*job_.Path(),
-                [&](std::uint64_t done, std::uint64_t total) { views.ShowProgress(done, total); });
-  });
-  ShowJob();
+  SaveTo(*job_.Path());
 }
 
 void MainWindow::SaveAs(bool isFolder) {
-  const auto path = isFolder ? AskForFolder() : AskForDocument(false);
-  if (!path) return;
+  if (const auto path = isFolder ? AskForFolder() : AskForDocument(false)) SaveTo(*path);
+}
+
+void MainWindow::SaveTo(const std::string& path) {
   Guarded([&] {
-    job_.SaveTo(*path);
-    AddRecentJob(*path);
+    QtViews views(this, shape_);
+    job_.SaveTo(path, views.Progress());
+    AddRecentJob(path);
   });
   ShowJob();
 }
@@ -226,7 +224,10 @@ void MainWindow::Run(const ExchangeCommand& command, const std::optional<std::st
 }
 
 void MainWindow::Undo() {
-  Guarded([&] { job_.Undo(); });
+  Guarded([&] {
+    QtViews views(this, shape_);
+    job_.Undo(views.Progress());
+  });
   if (report_) report_->close();
   ShowJob();
 }
@@ -248,6 +249,7 @@ void MainWindow::Compute(bool isAnew) {
 // ---- Settings ----
 
 void MainWindow::SetLanguageTo(const std::string& language) {
+  statusBar()->clearMessage();
   SetLanguage(language);
   ChooseLanguage(language);
   MakeMenus();

@@ -79,6 +79,7 @@ class MainWindow : public QMainWindow {
   void AskAndOpen(bool isFolder);
   void Save();
   void SaveAs(bool isFolder);
+  void SaveTo(const std::string& path);
   std::optional<std::string> AskForFolder();
   std::optional<std::string> AskForDocument(bool isOpen);
   void Undo();

@@ -2,8 +2,10 @@
 
 #include <algorithm>
 #include <ctime>
+#include <memory>
 
 #include "platform/numbers.h"
+#include "services/progress.h"
 
 namespace shape {
 namespace {
@@ -89,7 +91,9 @@ bool WriteRecords(DBFHandle file, const gis::CTable* table, int rows, const DbfL
   SetToday(file);
   bool isGood = AddColumns(file, layout);
   RecordText record(layout);
+  ProgressSteps progress(static_cast<std::uint64_t>(rows));
   for (int row = 0; row < rows && isGood; ++row) {
+    progress.Step();
     isGood = DBFWriteTuple(file, row, record.Of(table, row).data()) != 0;
   }
   return isGood;
@@ -103,10 +107,11 @@ bool WriteDbf(const gis::CTable* table, int rows, const DbfLayout& layout, Outpu
   streams.Add("dbf", dbf);
   streams.Add("cpg", cpg);
   SAHooks hooks = streams.Hooks();
-  DBFHandle const file = DBFCreateLL(StreamSet::Name("dbf").c_str(), "UTF-8", &hooks);
+  std::unique_ptr<DBFInfo, decltype(&DBFClose)> file(
+      DBFCreateLL(StreamSet::Name("dbf").c_str(), "UTF-8", &hooks), &DBFClose);
   if (file == nullptr) return false;
-  const bool isGood = WriteRecords(file, table, rows, layout);
-  DBFClose(file);
+  const bool isGood = WriteRecords(file.get(), table, rows, layout);
+  file.reset();
   dbf.Append(kEndOfFile);
   return isGood;
 }

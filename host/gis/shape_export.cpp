@@ -10,6 +10,7 @@
 #include "platform/folder_list.h"
 #include "platform/output_set.h"
 #include "platform/paths.h"
+#include "services/progress.h"
 #include "services/translate.h"
 
 namespace shape {
@@ -132,10 +133,13 @@ class Export {
     OutputStream shx(files.File(OutputSet::kShx));
     OutputStream dbf(files.File(OutputSet::kDbf));
     OutputStream cpg(files.File(OutputSet::kCpg));
+    ProgressParts progress(2);
+    progress.Begin(1);
     int failed = 0;
     if (!WriteShp(theme, count - theme.GetNumFeatures(), shapes, shp, shx, remarks_)) {
       failed |= kShapeFileFailed;
     }
+    progress.Begin(1);
     if (!WriteDbf(theme.GetTable(), count, table, dbf, cpg)) failed |= kShapeTableFailed;
     if (!shp.Finish() || !shx.Finish()) failed |= kShapeFileFailed;
     if (!dbf.Finish() || !cpg.Finish()) failed |= kShapeTableFailed;

@@ -8,6 +8,7 @@
 #include "host/gis/shp_reader.h"
 #include "platform/folder_list.h"
 #include "platform/paths.h"
+#include "services/progress.h"
 #include "services/translate.h"
 
 namespace shape {
@@ -119,7 +120,11 @@ class Import {
     const int rows = rows_ != nullptr ? rows_->RowCount() : 0;
     const int count = std::max(shapes_->Count(), rows);
     Reserve(count);
-    for (int record = 0; record < count; ++record) ReadRecord(record, rows);
+    ProgressSteps progress(static_cast<std::uint64_t>(count));
+    for (int record = 0; record < count; ++record) {
+      ReadRecord(record, rows);
+      progress.Step();
+    }
     TellSurplus(rows);
     shapes_->TellRemarks(remarks_);
     if (rows_ != nullptr) rows_->TellRemarks(remarks_);

@@ -1,9 +1,11 @@
 #include "host/gis/shp_writer.h"
 
 #include <algorithm>
+#include <memory>
 #include <vector>
 
 #include "host/gis/ring_order.h"
+#include "services/progress.h"
 #include "services/translate.h"
 
 namespace shape {
@@ -164,8 +166,10 @@ class ShapeBuilder {
 bool WriteShapes(SHPHandle file, const gis::CTheme& theme, int nullShapes, const ShpLayout& layout,
                  Remarks& remarks) {
   ShapeBuilder shapes(theme, layout);
+  ProgressSteps progress(static_cast<std::uint64_t>(theme.GetNumFeatures()));
   bool isGood = true;
   for (int feature = 0; feature < theme.GetNumFeatures() && isGood; ++feature) {
+    progress.Step();
     isGood = SHPWriteObject(file, -1, &shapes.Of(feature)) >= 0;
   }
   for (int i = 0; i < nullShapes && isGood; ++i) {
@@ -213,11 +217,9 @@ bool WriteShp(const gis::CTheme& theme, int nullShapes, const ShpLayout& layout,
   streams.Add("shp", shp);
   streams.Add("shx", shx);
   SAHooks hooks = streams.Hooks();
-  SHPHandle const file = SHPCreateLL(StreamSet::Name("shp").c_str(), layout.kind.type, &hooks);
-  if (file == nullptr) return false;
-  const bool isGood = WriteShapes(file, theme, nullShapes, layout, remarks);
-  SHPClose(file);
-  return isGood;
+  const std::unique_ptr<SHPInfo, decltype(&SHPClose)> file(
+      SHPCreateLL(StreamSet::Name("shp").c_str(), layout.kind.type, &hooks), &SHPClose);
+  return file != nullptr && WriteShapes(file.get(), theme, nullShapes, layout, remarks);
 }
 
 }  // namespace shape

@@ -8,6 +8,7 @@
 #include "services/display/displays.h"
 #include "services/jobs_folder.h"
 #include "services/message_box.h"
+#include "services/progress.h"
 #include "services/translate.h"
 #include "ui/cad_file_dialog.h"
 
@@ -72,21 +73,20 @@ void ExportThrough(CTcadEng& temporary, ExchangeContext& document, CWnd* parent,
                    const tdk::WString& path, const cad::ExportOptions& options) {
   CTcadEng& own = *document.GetCadEngine();
   const CTcadEventSentinel sentinel(&own);
-  display::OwnDisplays shown(document);
-  shown.DeleteAll();
+  const display::OwnDisplaysAside shown(document);
   temporary.CopiaDa(&own, /*withPrivate=*/true);
   CDocSymbolManager symbols(&temporary);
   symbols.CopyUserSymbolsFrom(shown.Symbols());
-  {
-    const cad::DrawingBinding binding(document, temporary);
-    display::MakeTargetsCurrent(document, temporary);
-    TellNotDrawn(parent, path,
-                 display::DrawAll(document, temporary, symbols, options.explodesBlocks));
-    temporary.PurgePrivateObjects();
-    Save(temporary, path, options);
-    TellNotes(parent, path, temporary.SaveNotes());
-  }
-  shown.DrawAgain();
+  const cad::DrawingBinding binding(document, temporary);
+  display::MakeTargetsCurrent(document, temporary);
+  ProgressParts progress(2);
+  progress.Begin(1);
+  TellNotDrawn(parent, path,
+               display::DrawAll(document, temporary, symbols, options.explodesBlocks));
+  temporary.PurgePrivateObjects();
+  progress.Begin(1);
+  Save(temporary, path, options);
+  TellNotes(parent, path, temporary.SaveNotes());
 }
 
 }  // namespace

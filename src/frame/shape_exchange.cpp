@@ -2,6 +2,7 @@
 #include "frame/string_table.h"
 #include "model/shape_files.h"
 #include "services/message_box.h"
+#include "services/progress.h"
 #include "services/translate.h"
 #include "services/wait_thread.h"
 #include "ui/shape_export_dialog.h"
@@ -42,6 +43,14 @@ void TellFailures(CWnd* parent, const tdk::WString& path, int failed) {
              {path + file.extension});
     CreateMessageBox(parent, Xlate("Warning"), text, kBoxExclamation);
   }
+}
+
+std::uint64_t FeatureCount(const std::vector<gis::CTheme*>& themes) {
+  std::uint64_t features = 0;
+  for (const gis::CTheme* const theme : themes) {
+    features += static_cast<std::uint64_t>(theme->GetNumFeatures());
+  }
+  return features;
 }
 
 // ---- Import ----
@@ -92,7 +101,9 @@ int ExportShape(CWnd* parent, gis::CLibGis& library) {
   const ui::ShapeExportChoice choice = dialog.Choice();
   const tdk::WString folder = choice.folder + "\\";
   OverwriteQuestion question(parent);
+  ProgressParts progress(FeatureCount(choice.themes));
   for (gis::CTheme* const theme : choice.themes) {
+    progress.Begin(static_cast<std::uint64_t>(theme->GetNumFeatures()));
     int failed = 0;
     if (FExportFileShape(&library, theme, folder, choice.maximumCharacters, choice.coordinateType,
                          &question, failed)) {

@@ -3,6 +3,7 @@
 #include <QClipboard>
 #include <QLabel>
 #include <QMimeData>
+#include <QStatusBar>
 #include <QTabWidget>
 #include <QTableView>
 #include <QToolBar>
@@ -10,6 +11,7 @@
 #include <QTreeView>
 
 #include "apps/desktop/dialogs/handheld_style.h"
+#include "apps/desktop/dialogs/qt_views.h"
 #include "apps/desktop/job/report_window.h"
 #include "apps/desktop/main_window.h"
 #include "apps/desktop/plan/plan_view.h"
@@ -317,6 +319,53 @@ TEST_F(WholeWindow, ACancelledExchangeLeavesNoReportAndNoUndo) {
   EXPECT_EQ(Report(), "");
   EXPECT_FALSE(window.Job().CanUndo());
   EXPECT_FALSE(window.Job().IsChanged());
+}
+
+class StoppedWork : public WholeWindow {
+ protected:
+  StoppedWork() {
+    std::string text = "J|long|\nS|1|\n";
+    for (int i = 0; i < 20'000; ++i) text += "P|" + std::to_string(i) + "|\n";
+    folder.Write("long.jb2", text);
+    QtViews::patience = 0;
+  }
+  ~StoppedWork() override { QtViews::patience = before_; }
+
+  /// Runs an exchange of `file` and stops it as soon as it tells how far it is.
+  void Stop(const char* action, const std::string& file, bool replaces) {
+    driver.Then({{"path", folder.File(file)}});
+    if (replaces) driver.Answer("Yes");
+    QTimer user;
+    QObject::connect(&user, &QTimer::timeout, [] {
+      for (QWidget* const window : QApplication::topLevelWidgets()) {
+        if (window->objectName() == "wait") QTest::keyClick(window, Qt::Key_Escape);
+      }
+    });
+    user.start(0);
+    Trigger(action);
+    EXPECT_EQ(Report(), "");
+    EXPECT_EQ(window.statusBar()->currentMessage(), "stopped");
+  }
+
+ private:
+  int before_ = QtViews::patience;
+};
+
+TEST_F(StoppedWork, AnImportLeavesTheJobAsItWas) {
+  Stop("FImportJB2File", "long.jb2", /*replaces=*/false);
+  EXPECT_EQ(window.Job().Document().GetLibCmp()->GetJobArSize(), 0);
+  EXPECT_FALSE(window.Job().CanUndo());
+  EXPECT_FALSE(window.Job().IsChanged());
+}
+
+TEST_F(StoppedWork, AnExportLeavesTheOldFile) {
+  CLibCmp& library = *window.Job().Document().GetLibCmp();
+  library.AddJob(true);
+  library.AddSta(0, true);
+  for (int i = 0; i < 20'000; ++i) library.AddPun(0, 0, true)->SetNome("P");
+  folder.Write("old.jb3", "old");
+  Stop("FExportJB3File", "old.jb3", /*replaces=*/true);
+  EXPECT_EQ(ReadBytes(folder.File("old.jb3")), "old");
 }
 
 TEST_F(WholeWindow, TellsWhenThereIsNothingToExport) {

@@ -134,7 +134,7 @@ class Jb2Test : public testing::Test {
   CLibCmp library;
 };
 
-inline int PointCount(const CLibCmp& library) {
+inline int ObservedPoints(const CLibCmp& library) {
   int count = 0;
   for (int job = 0; job < library.GetJobArSize(); ++job) {
     for (int sta = 0; sta < library.GetStaArSize(job); ++sta) {

@@ -14,7 +14,7 @@
 
 namespace {
 
-constexpr int kPatience = 400;  // milliseconds until the wait indicator is shown
+constexpr int kPause = 1000;  // milliseconds without a word, and what comes then is new work
 
 // Shows a window and returns when it has closed.
 template <class View>
@@ -118,8 +118,9 @@ void QtViews::ShowWait() {
 }
 
 void QtViews::ShowProgress(std::uint64_t done, std::uint64_t total) {
-  if (!working_.isValid()) working_.start();
-  if (wait_ == nullptr && working_.elapsed() < kPatience) return;
+  if (!working_.isValid() || (told_.isValid() && told_.elapsed() > kPause)) working_.start();
+  told_.start();
+  if (wait_ == nullptr && working_.elapsed() < patience) return;
   ShowWait();
   wait_->ShowProgress(done, total);
   if (!wait_->IsCancelled()) return;

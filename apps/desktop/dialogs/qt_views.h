@@ -30,6 +30,10 @@ class QtViews : public HostViews {
   void StartWait() override;
   void EndWait() override;
   void ShowProgress(std::uint64_t done, std::uint64_t total) override;
+  /// The same, for work that does not know views. Lives as long as they do.
+  std::function<void(std::uint64_t done, std::uint64_t total)> Progress() {
+    return [this](std::uint64_t done, std::uint64_t total) { ShowProgress(done, total); };
+  }
   void TakeNote(const ExchangeNote& note) override { notes_.push_back(note); }
 
   /// Where layout dialogs get their preview; not owned, may be null.
@@ -38,6 +42,9 @@ class QtViews : public HostViews {
   void AllowCancel(bool allow) { mayCancel_ = allow; }
   /// Whether the user stopped it.
   bool WasCancelled() const { return wasCancelled_; }
+
+  /// Milliseconds until work that tells how far it is shows the wait indicator.
+  static inline int patience = 400;
 
   /// Fills a dialog before it is shown. It may close it at once, with the code that it returns.
   std::function<std::optional<int>(Dialog&)> prepare;
@@ -75,5 +82,6 @@ class QtViews : public HostViews {
   std::vector<QString> messages_;
   std::unique_ptr<WaitView> wait_;
   std::unique_ptr<Busy> busy_;
-  QElapsedTimer working_;
+  QElapsedTimer working_;  // since it began
+  QElapsedTimer told_;     // since it told how far it is
 };

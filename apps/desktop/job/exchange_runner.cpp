@@ -73,7 +73,7 @@ std::optional<ExchangeReport> ExchangeRunner::Run(const ExchangeCommand& command
       return std::exchange(isFirst, false) ? ChooseGivenFile(dialog, *path) : std::nullopt;
     };
   }
-  if (command.isImport) job_.KeepForUndo();
+  if (command.isImport) job_.KeepForUndo(views.Progress());
   // An import that is stopped is undone, and an export leaves the old file until it is complete.
   views.AllowCancel(true);
   const Counts before = CountsOf(job_.Document());
@@ -81,8 +81,9 @@ std::optional<ExchangeReport> ExchangeRunner::Run(const ExchangeCommand& command
   const Outcome outcome =
       command.function == nullptr ? LoadLandXmlFile(views) : Call(command, views);
   if (views.WasCancelled()) {
-    if (command.isImport) job_.Undo();
-    return std::nullopt;
+    views.AllowCancel(false);
+    if (command.isImport) job_.Undo(views.Progress());
+    throw ExchangeStopped();
   }
   job_.KeepSettings();
   const bool brought = command.isImport && CountsOf(job_.Document()) != before;
@@ -128,9 +129,8 @@ ExchangeRunner::Outcome ExchangeRunner::LoadLandXmlFile(QtViews& views) {
   const TroubleScope trouble;
   Outcome outcome{true, {}};
   try {
-    outcome.remarks = LoadLandXml(
-        platform::NativePath(path.ToUtf8()), job_.Document(),
-        [&](std::uint64_t done, std::uint64_t total) { views.ShowProgress(done, total); });
+    outcome.remarks =
+        LoadLandXml(platform::NativePath(path.ToUtf8()), job_.Document(), views.Progress());
   } catch (const landxml_load::LoadError& error) {
     const std::string reason = trouble.Reason(path.ToUtf8());
     outcome.remarks.push_back(reason.empty() ? error.what() : reason);

@@ -17,8 +17,9 @@ class ExchangeRunner {
       : job_(job), module_(module), owner_(owner), shape_(shape) {}
 
   /// Runs a command; the dialogs of a text or Shape import start with `path`, all others take it
-  /// without asking. What it did; nothing when the user cancelled it. Afterwards the document may
-  /// be another one. Throws JobError.
+  /// without asking. What it did; nothing when the user cancelled its dialog. Afterwards the
+  /// document may be another one. Throws JobError, and ExchangeStopped, with everything as it was,
+  /// when the user stopped it.
   std::optional<ExchangeReport> Run(const ExchangeCommand& command,
                                     const std::optional<std::string>& path = {});
 

@@ -71,12 +71,13 @@ DrawingReader::DrawingReader(File& file, CTcadEng& engine, cad_reader::Notes& no
 void DrawingReader::Read() {
   SetCodePage();
   ReadTables();
-  ReadEntities(/*isModel=*/false);
+  ProgressSteps progress(index_.Records().size());
+  ReadEntities(/*isModel=*/false, progress);
   for (auto& [handle, each] : blocks_) {
     if (each.id >= 0) blockTable_.Define(each.id, std::move(each.block));
   }
   blockTable_.Deliver();
-  ReadEntities(/*isModel=*/true);
+  ReadEntities(/*isModel=*/true, progress);
   sink_.AddWaiting();
 }
 
@@ -154,7 +155,7 @@ void DrawingReader::ReadBlockName(OpenRecord& open) {
 
 // ---- Entities ----
 
-void DrawingReader::ReadEntities(bool isModel) {
+void DrawingReader::ReadEntities(bool isModel, ProgressSteps& progress) {
   const auto isWanted = [&](const IndexedRecord& record) {
     return record.isEntity && !IsPartOrMark(record.type) &&
            (record.space == Space::kOwner) != isModel;
@@ -166,6 +167,7 @@ void DrawingReader::ReadEntities(bool isModel) {
   }
   for (const IndexedRecord& record : records) {
     if (!isWanted(record)) continue;
+    progress.Step();
     try {
       ReadEntity(record);
     } catch (const Damage& damage) {

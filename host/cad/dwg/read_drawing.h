@@ -13,6 +13,7 @@
 #include "host/cad/reading/looks.h"
 #include "host/cad/reading/sink.h"
 #include "host/cad/reading/text.h"
+#include "services/progress.h"
 
 namespace dwg {
 
@@ -44,7 +45,7 @@ class DrawingReader {
   void ReadLayer(OpenRecord& open);
   void ReadBlock(OpenRecord& open);
   void ReadBlockName(OpenRecord& open);
-  void ReadEntities(bool isModel);
+  void ReadEntities(bool isModel, ProgressSteps& progress);
   void ReadEntity(const IndexedRecord& record);
   // Where the entity goes; false when it is left out, and counted.
   bool Aim(const EntityHead& head);

@@ -5,6 +5,7 @@
 
 #include "host/cad/dwg/crc.h"
 #include "platform/numbers.h"
+#include "services/progress.h"
 
 namespace dwg {
 namespace {
@@ -83,7 +84,11 @@ RecordIndex::RecordIndex(File& file, cad_reader::Notes& notes) : file_(file), no
   classes_ = file.ReadClasses();
   const std::vector<MapEntry> map = file.ReadMap();
   records_.reserve(map.size());
-  for (const MapEntry& entry : map) Look(entry);
+  ProgressSteps progress(map.size());
+  for (const MapEntry& entry : map) {
+    Look(entry);
+    progress.Step();
+  }
   notes.Count(Note::kDamaged, file.SameHandles());
   notes.Count(Note::kChecksum, file.WrongChecksums());
   CollectParts();

@@ -4,6 +4,7 @@
 #include <iterator>
 
 #include "host/cad/writing/soundness.h"
+#include "services/progress.h"
 
 namespace dwg {
 namespace {
@@ -68,7 +69,9 @@ std::size_t EntityWriter::NextWritten(const std::vector<cad::Entity>& entities, 
 }
 
 void EntityWriter::WriteEntities(const std::vector<cad::Entity>& entities, int block) {
+  ProgressSteps progress(entities.size());
   for (std::size_t i = NextWritten(entities, 0, block); i < entities.size();) {
+    progress.Step();
     const cad::Entity& entity = entities[i];
     i = NextWritten(entities, i + 1, block);
     head_.layer = plan_.LayerHandle(plan_.LayerPosition(entity.drawing));

@@ -5,13 +5,16 @@
 #include "host/cad/dxf/write_sections.h"
 #include "host/cad/dxf/write_tags.h"
 #include "platform/output_file.h"
+#include "services/progress.h"
 
 namespace dxf_writer {
 namespace {
 
 void WriteAll(EntityWriter& writer, const Plan& plan, const std::vector<cad::Entity>& entities,
               int block, Handle owner) {
+  ProgressSteps progress(entities.size());
   for (const cad::Entity& entity : entities) {
+    progress.Step();
     if (plan.TakesAll() || plan.FateOf(entity, block) == Fate::kWritten) {
       writer.Write(entity, owner);
     }

@@ -3,10 +3,13 @@
 #include <algorithm>
 #include <cstdlib>
 
+#include "services/progress.h"
+
 namespace dxf_reader {
 namespace {
 
 constexpr int kPaperSpaceCode = 67;
+constexpr std::uint64_t kBetweenProgress = 4096;  // entities
 constexpr int kSample = 10'000;  // entities from which the number of all is guessed
 constexpr std::string_view kEnds[] = {"ENDSEC", "ENDBLK", "EOF", "BLOCK", "SECTION"};
 constexpr std::string_view kFollowers[] = {"VERTEX", "ATTRIB", "SEQEND"};
@@ -51,7 +54,10 @@ void EntityReader::ReadAll(cad::Block* block, bool isPaper) {
   block_ = block;
   isPaper_ = isPaper;
   sink_.Into(block);
-  while (!IsAmong(pairs_.Text(), kEnds)) ReadOne();
+  while (!IsAmong(pairs_.Text(), kEnds)) {
+    ReadOne();
+    if (++read_ % kBetweenProgress == 0) TellProgress(pairs_.BytesRead(), pairs_.FileSize());
+  }
 }
 
 void EntityReader::ReadOne() {

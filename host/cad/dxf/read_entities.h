@@ -110,6 +110,7 @@ class EntityReader {
   Spline spline_;
   std::string lines_;
   bool hasReserved_ = false;
+  std::uint64_t read_ = 0;  // entities
 };
 
 }  // namespace dxf_reader

@@ -8,6 +8,7 @@
 #include "model/change_event_scope.h"
 #include "platform/numbers.h"
 #include "platform/text_reader.h"
+#include "services/progress.h"
 #include "services/translate.h"
 
 namespace jb2 {
@@ -77,7 +78,7 @@ void Jb2Reader::ReadLines(platform::TextReader& file) {
     if (!continuesLine_) ++line_;
     if (--untilProgress == 0) {
       untilProgress = kPiecesPerProgress;
-      TellProgress(file);
+      TellProgress(file.Position(), file.Size());
     }
   }
 }
@@ -190,11 +191,6 @@ void Jb2Reader::TellLeftOut(const LeftOut& what, const char* pattern) const {
   if (what.count == 0 || parent_ == nullptr || parent_->GetViews() == nullptr) return;
   parent_->GetViews()->TakeNote(
       {path_, what.firstLine, Fill(Xlate(pattern), {Number(what.count), Number(what.firstLine)})});
-}
-
-void Jb2Reader::TellProgress(const platform::TextReader& file) const {
-  if (parent_ == nullptr || parent_->GetViews() == nullptr) return;
-  parent_->GetViews()->ShowProgress(file.Position(), file.Size());
 }
 
 }  // namespace jb2

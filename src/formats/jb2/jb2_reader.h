@@ -48,7 +48,6 @@ class Jb2Reader {
 
   void Count(LeftOut& what) const;
   void TellLeftOut(const LeftOut& what, const char* pattern) const;
-  void TellProgress(const platform::TextReader& file) const;
 
   CWnd* parent_;
   CLibCmp* library_;

@@ -54,9 +54,11 @@ void Jb2Writer::WriteStation(int job, int station) {
   Field(setUp.GetPressi(), kPressureDecimals);
   for (int i = 0; i < kUnusedStationFields; ++i) Field(kUnused);
   sink_.WriteLine({});
+  progress_.Step();
   // The library is asked again before each point, so the loop follows it as it stands.
   for (int point = 0; point < library_->GetPunArSize(job, station); ++point) {
     WritePoint(*library_->GetPunAt(job, station, point));
+    progress_.Step();
   }
 }
 

@@ -1,7 +1,8 @@
 // Writes JB2 job files.
 #pragma once
 
-#include "model/total_station.h"
+#include "model/point_count.h"
+#include "services/progress.h"
 #include "services/text_file_sink.h"
 
 namespace jb2 {
@@ -10,7 +11,7 @@ namespace jb2 {
 class Jb2Writer {
  public:
   /// `library` is not owned.
-  explicit Jb2Writer(const CLibCmp* library) : library_(library) {}
+  explicit Jb2Writer(const CLibCmp* library) : library_(library), progress_(PointCount(*library)) {}
 
   /// Writes the file; when it cannot be created or completed an older one stays as it was, and
   /// nothing is said here (see platform/file_trouble.h).
@@ -26,6 +27,7 @@ class Jb2Writer {
 
   const CLibCmp* library_;
   TextFileSink sink_;
+  ProgressSteps progress_;
 };
 
 }  // namespace jb2

@@ -24,6 +24,20 @@ constexpr std::size_t kEndMarks = 8;
 // The element's own name.
 bool Is(const TiXmlElement& element, const char* name) { return element.ValueTStr() == name; }
 
+// How many points a document has. It is what progress is measured by, so nothing is parsed for it.
+std::uint64_t PointsIn(std::string_view text) {
+  constexpr std::size_t kLongest = 16;  // more than any of the names
+  std::uint64_t points = 0;
+  for (std::size_t at = text.find('<'); at != std::string_view::npos; at = text.find('<', at + 1)) {
+    const std::string_view tag = text.substr(at + 1, kLongest);
+    const std::string_view name = tag.substr(0, tag.find_first_of(" \t\r\n/>"));
+    if (name == element::kPoint || name == element::kGpsPoint || name == element::kKnownPoint) {
+      ++points;
+    }
+  }
+  return points;
+}
+
 // Calls `take` for each child element.
 template <class Take>
 void ForEachChild(const TiXmlElement& parent, Take take) {
@@ -57,6 +71,7 @@ bool Jb3Reader::Read() {
   // What ends too soon has no place of its own for the parser.
   const auto lines = document.Error() ? std::count(text.begin(), text.end(), '\n') + 1 : 0;
   const auto line = document.ErrorRow() > 0 ? document.ErrorRow() : static_cast<int>(lines);
+  progress_ = ProgressSteps(PointsIn(text));
   text = {};
   if (!ReadDocument(document)) {
     Tell(Xlate("this is no JB3 document"), 0);
@@ -122,6 +137,7 @@ void Jb3Reader::ReadPoints(const TiXmlElement& points) {
     if (!Is(*each, element::kPoint)) continue;
     CPun* const added = totalStation_->AddPun(currentJob_, currentStation_, true);
     if (added == nullptr) return;
+    progress_.Step();
     ReadNameAndText(*each, *added);
     ForEachChild(*each, [&](const TiXmlElement& child) {
       if (Is(child, element::kRawObservation)) ReadRawObservation(child, *added);
@@ -148,6 +164,7 @@ void Jb3Reader::ReadGpsPoints(const TiXmlElement& points) {
     if (!Is(*each, element::kGpsPoint)) continue;
     CPunGps* const added = gps_->AddPun(currentGroup_, true);
     if (added == nullptr) return;
+    progress_.Step();
     ReadGpsPointValues(*each, *added);
     ForEachChild(*each, [&](const TiXmlElement& child) {
       if (Is(child, element::kGeoCoords)) ReadGeocentric(child, *added);
@@ -162,6 +179,7 @@ void Jb3Reader::ReadKnownPoints(const TiXmlElement& points) {
   bool groupMade = false;
   for (const TiXmlElement* each = points.FirstChildElement(); each != nullptr;
        each = each->NextSiblingElement()) {
+    progress_.Step();
     const KnownPointValues values = ReadKnownPointValues(*each);
     const bool isOurs = values.type == kGenericPoint || values.type == kControlPoint;
     if (!isOurs) continue;

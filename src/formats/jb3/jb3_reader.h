@@ -4,6 +4,7 @@
 #include <string>
 
 #include "model/exchange_context.h"
+#include "services/progress.h"
 #include "services/window.h"
 #include "tdk/wstring.h"
 
@@ -44,6 +45,7 @@ class Jb3Reader {
   tdk::WString path_;
   int currentJob_;
   int currentStation_ = -1;
+  ProgressSteps progress_{0};
   int currentGroup_;  // of GPS groups and of known-point groups alike: one counter
 };
 

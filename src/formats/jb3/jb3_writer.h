@@ -2,6 +2,7 @@
 #pragma once
 
 #include "model/exchange_context.h"
+#include "services/progress.h"
 #include "tdk/wstring.h"
 
 class TiXmlElement;
@@ -20,14 +21,15 @@ class Jb3Writer {
              const tdk::WString& applicationVersion);
 
  private:
-  void AppendJobs(TiXmlElement& root) const;
-  void AppendStations(TiXmlElement& job, int index) const;
-  void AppendGpsGroups(TiXmlElement& root) const;
-  void AppendKnownPoints(TiXmlElement& root) const;
+  void AppendJobs(TiXmlElement& root);
+  void AppendStations(TiXmlElement& job, int index);
+  void AppendGpsGroups(TiXmlElement& root);
+  void AppendKnownPoints(TiXmlElement& root);
 
   const CLibCmp* totalStation_;
   const CLibGps* gps_;
   const CLibPnt* known_;
+  ProgressSteps progress_;
 };
 
 }  // namespace jb3

@@ -1,6 +1,8 @@
 #include "formats/landxml/landxml_document.h"
+#include "formats/landxml/record_counts.h"
 #include "formats/landxml/xml_print.h"
 #include "platform/output_file.h"
+#include "services/progress.h"
 
 namespace landxml {
 namespace {
@@ -39,6 +41,7 @@ void WriteLandXmlHeader(platform::OutputFile& file, const tdk::WString& path) {
 void WriteLandXmlDocument(const LandXmlSelection& selection) {
   platform::OutputFile file;
   if (!file.Open(selection.path.ToUtf8())) return;
+  ProgressParts progress(RecordCount(selection));
   WriteLandXmlHeader(file, selection.path);
   // The order is fixed: alignments, surveys, point groups, surfaces.
   if (!selection.roads.empty()) {
@@ -46,16 +49,24 @@ void WriteLandXmlDocument(const LandXmlSelection& selection) {
     for (const CRoad* road : selection.roads) WriteAlignment(file, *road);
     PrintLine(file, "\t</Alignments>");
   }
-  for (const CJob* job : selection.tsJobs) WriteTsSurvey(file, *selection.tsLibrary, *job);
+  for (const CJob* job : selection.tsJobs) {
+    progress.Begin(RecordCount(*selection.tsLibrary, *job));
+    WriteTsSurvey(file, *selection.tsLibrary, *job);
+  }
   for (const CGrpGps* group : selection.gpsGroups) {
+    progress.Begin(RecordCount(*selection.gpsLibrary, *group));
     WriteGpsSurvey(file, *selection.gpsLibrary, *group);
   }
   for (const CGrpPnt* group : selection.pointGroups) {
+    progress.Begin(RecordCount(*selection.pointLibrary, *group));
     WriteCgPoints(file, *selection.pointLibrary, *group);
   }
   if (!selection.surfaces.empty()) {
     PrintLine(file, "\t<Surfaces>");
-    for (const CDtmPrj* surface : selection.surfaces) WriteSurface(file, *surface);
+    for (const CDtmPrj* surface : selection.surfaces) {
+      progress.Begin(RecordCount(*surface));
+      WriteSurface(file, *surface);
+    }
     PrintLine(file, "\t</Surfaces>");
   }
   PrintLine(file, "</LandXML>");
@@ -66,10 +77,12 @@ void WriteCgPoints(platform::OutputFile& file, const CLibPnt& library, const CGr
   int index = 0;
   if (!library.GetIndiciDiGrp(&group, index)) return;
   PrintLine(file, "\t<CgPoints name=\"", group.GetNome(), "\">");
+  ProgressSteps progress(RecordCount(library, group));
   for (int i = 0; i < library.GetPtnArSize(index); ++i) {
     const CPunPnt& point = *library.GetPtnAt(index, i);
     PrintLine(file, "\t\t<CgPoint name=\"", point.GetNome(), "\">", point.GetCoordY(), " ",
               point.GetCoordX(), " ", point.GetCoordZ(), "</CgPoint>");
+    progress.Step();
   }
   PrintLine(file, "\t</CgPoints>");
 }

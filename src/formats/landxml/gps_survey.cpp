@@ -1,5 +1,7 @@
 #include "formats/landxml/landxml_document.h"
+#include "formats/landxml/record_counts.h"
 #include "formats/landxml/xml_print.h"
+#include "services/progress.h"
 
 namespace landxml {
 namespace {
@@ -67,8 +69,10 @@ void WriteGpsSurvey(platform::OutputFile& file, const CLibGps& library, const CG
   WriteBase(file, group);
   int index = 0;
   if (library.GetIndiciDiGrp(&group, index)) {
+    ProgressSteps progress(RecordCount(library, group));
     for (int i = 0; i < library.GetPunArSize(index); ++i) {
       WriteRover(file, group.GetNome(), *library.GetPunAt(index, i));
+      progress.Step();
     }
   }
   PrintLine(file, "\t</Survey>");

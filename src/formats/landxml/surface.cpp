@@ -1,6 +1,8 @@
 #include "formats/landxml/landxml_document.h"
+#include "formats/landxml/record_counts.h"
 #include "formats/landxml/xml_print.h"
 #include "model/terrain.h"
+#include "services/progress.h"
 #include "services/translate.h"
 
 namespace landxml {
@@ -36,7 +38,7 @@ void WriteBoundaries(platform::OutputFile& file, const CCnts& contours, std::str
 }
 
 // Each segment by itself, also where they join.
-void WriteBreaklines(platform::OutputFile& file, const CVncs& breaklines) {
+void WriteBreaklines(platform::OutputFile& file, const CVncs& breaklines, ProgressSteps& progress) {
   const tdk::WString word = Xlate("breakline");
   for (int i = 0; i < breaklines.GetNoVncs(); ++i) {
     const tdk::geom::LINE_3D& line = breaklines.GetVncAt(i).GetCoords();
@@ -47,16 +49,19 @@ void WriteBreaklines(platform::OutputFile& file, const CVncs& breaklines) {
     PrintPoint(file, line.getEnd());
     PrintLine(file, "</PntList3D>");
     PrintLine(file, "\t\t\t\t\t</Breakline>");
+    progress.Step();
   }
 }
 
 // Ids are positions, also of vertices that no triangle uses.
-void WriteTriangulation(platform::OutputFile& file, const CTris& triangulation) {
+void WriteTriangulation(platform::OutputFile& file, const CTris& triangulation,
+                        ProgressSteps& progress) {
   PrintLine(file, "\t\t\t\t<Pnts>");
   for (int i = 0; i < triangulation.GetNoTriVrts(); ++i) {
     Print(file, "\t\t\t\t\t<P id=\"", i, "\">");
     PrintPoint(file, triangulation.GetTriVrtAt(i));
     PrintLine(file, "</P>");
+    progress.Step();
   }
   PrintLine(file, "\t\t\t\t</Pnts>");
   PrintLine(file, "\t\t\t\t<Faces>");
@@ -64,6 +69,7 @@ void WriteTriangulation(platform::OutputFile& file, const CTris& triangulation) 
     const CTri& triangle = triangulation.GetTriAt(i);
     PrintLine(file, "\t\t\t\t\t<F>", triangle.GetVerIndex(0), " ", triangle.GetVerIndex(1), " ",
               triangle.GetVerIndex(2), "</F>");
+    progress.Step();
   }
   PrintLine(file, "\t\t\t\t</Faces>");
 }
@@ -71,6 +77,7 @@ void WriteTriangulation(platform::OutputFile& file, const CTris& triangulation) 
 }  // namespace
 
 void WriteSurface(platform::OutputFile& file, const CDtmPrj& model) {
+  ProgressSteps progress(RecordCount(model));
   PrintLine(file, "\t\t<Surface name=\"", model.GetName(), "\">");
   PrintLine(file, "\t\t\t<SourceData>");
   PrintLine(file, "\t\t\t\t<Boundaries>");
@@ -78,11 +85,11 @@ void WriteSurface(platform::OutputFile& file, const CDtmPrj& model) {
   WriteBoundaries(file, model.GetIslandCnts(), "island", Xlate("IntBoundary"));
   PrintLine(file, "\t\t\t\t</Boundaries>");
   PrintLine(file, "\t\t\t\t<Breaklines>");
-  WriteBreaklines(file, model.GetVncs());
+  WriteBreaklines(file, model.GetVncs(), progress);
   PrintLine(file, "\t\t\t\t</Breaklines>");
   PrintLine(file, "\t\t\t</SourceData>");
   PrintLine(file, "\t\t\t<Definition surfType=\"TIN\">");
-  WriteTriangulation(file, model.GetTris());
+  WriteTriangulation(file, model.GetTris(), progress);
   PrintLine(file, "\t\t\t</Definition>");
   PrintLine(file, "\t\t</Surface>");
 }

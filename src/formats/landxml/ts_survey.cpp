@@ -1,5 +1,7 @@
 #include "formats/landxml/landxml_document.h"
+#include "formats/landxml/record_counts.h"
 #include "formats/landxml/xml_print.h"
+#include "services/progress.h"
 
 namespace landxml {
 namespace {
@@ -35,7 +37,7 @@ void WriteObservation(platform::OutputFile& file, int position, const CPun& poin
 }
 
 void WriteSetup(platform::OutputFile& file, const CLibCmp& library, int position,
-                const CSta& station) {
+                const CSta& station, ProgressSteps& progress) {
   PrintLine(file, "\t\t<InstrumentSetup id=\"Setup", position, "\" stationName=\"",
             station.GetNome(), "\" instrumentHeight=\"", station.GetAltStr(), "\">");
   PrintPlace(file, "\t\t\t", "InstrumentPoint", station);
@@ -44,6 +46,7 @@ void WriteSetup(platform::OutputFile& file, const CLibCmp& library, int position
   if (library.GetIndiciDiSta(&station, job, index)) {
     for (int i = 0; i < library.GetPunArSize(job, index); ++i) {
       WriteObservation(file, i, *library.GetPunAt(job, index, i));
+      progress.Step();
     }
   }
   PrintLine(file, "\t\t</InstrumentSetup>");
@@ -56,8 +59,9 @@ void WriteTsSurvey(platform::OutputFile& file, const CLibCmp& library, const CJo
   PrintLine(file, "\t\t<SurveyHeader name=\"", job.GetNome(), "\" />");
   int index = 0;
   if (library.GetIndiciDiJob(&job, index)) {
+    ProgressSteps progress(RecordCount(library, job));
     for (int i = 0; i < library.GetStaArSize(index); ++i) {
-      WriteSetup(file, library, i, *library.GetStaAt(index, i));
+      WriteSetup(file, library, i, *library.GetStaAt(index, i), progress);
     }
   }
   PrintLine(file, "\t</Survey>");

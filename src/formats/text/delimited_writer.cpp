@@ -2,6 +2,7 @@
 #include "formats/text/missing_coordinates.h"
 #include "formats/text/text_writers.h"
 #include "platform/output_file.h"
+#include "services/progress.h"
 
 namespace text {
 namespace {
@@ -36,11 +37,13 @@ void WriteDelimited(CWnd* parent, const Libraries& from, const TextExchangeSetti
   platform::OutputFile file;
   if (!file.Open(settings.filePath.ToUtf8())) return;
   MissingCoordinates missing(settings);
+  ProgressSteps progress(PointCount(from, settings));
   file.Buffer().append(static_cast<std::size_t>(settings.headerRows), '\n');
   ForEachPoint(from, settings, [&](const CEgn& point) {
     missing.Look(point);
     AppendPoint(file.Buffer(), settings, point);
     file.FlushIfLarge();
+    progress.Step();
   });
   if (file.Commit()) missing.Tell(parent);
 }

@@ -7,6 +7,7 @@
 #include "platform/code_page.h"
 #include "platform/output_file.h"
 #include "services/message_box.h"
+#include "services/progress.h"
 
 namespace text {
 namespace {
@@ -78,12 +79,14 @@ void WriteFixedLength(CWnd* parent, const Libraries& from, TextExchangeSettings&
                      kBoxExclamation);
   }
   MissingCoordinates missing(settings);
+  ProgressSteps progress(points.size());
   std::string column;
   file.Buffer().append(static_cast<std::size_t>(settings.headerRows), '\n');
   for (const CEgn* point : points) {
     missing.Look(*point);
     AppendPoint(file.Buffer(), settings, *point, column);
     file.FlushIfLarge();
+    progress.Step();
   }
   if (file.Commit()) missing.Tell(parent);
 }

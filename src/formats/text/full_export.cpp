@@ -8,6 +8,7 @@
 #include "services/angle_format.h"
 #include "services/date_time.h"
 #include "services/number_text.h"
+#include "services/progress.h"
 
 namespace text {
 namespace {
@@ -164,10 +165,12 @@ void WriteFull(const Libraries& from, int kind, const FullLayout& layout, const 
                                  : platform::FolderOfCode(&kFullSeparators) + path.ToUtf8();
   if (!file.Open(target)) return;
   StoreLastFullExport(path);
+  ProgressSteps progress(PointCount(from, kind));
   ForEachUnit(from, kind, [&](int job, int unit) {
     ForEachPointOfUnit(from, kind, job, unit, [&](const CEgn& point) {
       AppendLine(file.Buffer(), layout, static_cast<const Point&>(point), append);
       file.FlushIfLarge();
+      progress.Step();
     });
   });
   file.Commit();

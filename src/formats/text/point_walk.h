@@ -15,25 +15,30 @@ struct Libraries {
   CLibPnt* known;
 };
 
-/// Calls `visit` for every point of one unit: a group (`unit`), a station (`job`, `unit`), or the
-/// list of control records.
+/// How many points one unit has: a group (`unit`), a station (`job`, `unit`), or the list of
+/// control records.
+inline int UnitSize(const Libraries& from, int kind, int job, int unit) {
+  switch (kind) {
+    case kKnownPoints: return from.known->GetPtnArSize(unit);
+    case kControlPoints: return from.totalStation->GetOriArSize();
+    case kTotalStation: return from.totalStation->GetPunArSize(job, unit);
+    case kGpsGroups: return from.gps->GetPunArSize(unit);
+    default: return 0;
+  }
+}
+
+/// Calls `visit` for every point of one unit.
 template <class Visit>
 void ForEachPointOfUnit(const Libraries& from, int kind, int job, int unit, Visit visit) {
-  const auto each = [&](int count, auto pointAt) {
+  const auto each = [&, count = UnitSize(from, kind, job, unit)](auto pointAt) {
     for (int i = 0; i < count; ++i) visit(static_cast<const CEgn&>(*pointAt(i)));
   };
   switch (kind) {
-    case kKnownPoints:
-      return each(from.known->GetPtnArSize(unit),
-                  [&](int i) { return from.known->GetPtnAt(unit, i); });
-    case kControlPoints:
-      return each(from.totalStation->GetOriArSize(),
-                  [&](int i) { return from.totalStation->GetOriAt(i); });
+    case kKnownPoints: return each([&](int i) { return from.known->GetPtnAt(unit, i); });
+    case kControlPoints: return each([&](int i) { return from.totalStation->GetOriAt(i); });
     case kTotalStation:
-      return each(from.totalStation->GetPunArSize(job, unit),
-                  [&](int i) { return from.totalStation->GetPunAt(job, unit, i); });
-    case kGpsGroups:
-      return each(from.gps->GetPunArSize(unit), [&](int i) { return from.gps->GetPunAt(unit, i); });
+      return each([&](int i) { return from.totalStation->GetPunAt(job, unit, i); });
+    case kGpsGroups: return each([&](int i) { return from.gps->GetPunAt(unit, i); });
     default: break;
   }
 }
@@ -56,6 +61,22 @@ void ForEachUnit(const Libraries& from, int kind, Visit visit) {
       break;
     default: break;
   }
+}
+
+/// How many points all units of a kind have.
+inline std::uint64_t PointCount(const Libraries& from, int kind) {
+  std::uint64_t count = 0;
+  ForEachUnit(from, kind, [&](int job, int unit) {
+    count += static_cast<std::uint64_t>(UnitSize(from, kind, job, unit));
+  });
+  return count;
+}
+
+/// How many points the settings choose.
+inline std::uint64_t PointCount(const Libraries& from, const TextExchangeSettings& settings) {
+  if (settings.IsAllUnits()) return PointCount(from, settings.kind);
+  return static_cast<std::uint64_t>(
+      UnitSize(from, settings.kind, settings.jobIndex, settings.unitIndex));
 }
 
 /// Calls `visit(const CEgn&)` for every point that the settings choose. A point of kind

@@ -10,6 +10,7 @@
 #include "platform/numbers.h"
 #include "services/message_box.h"
 #include "services/number_text.h"
+#include "services/progress.h"
 
 namespace text {
 namespace {
@@ -71,7 +72,7 @@ class TextImport {
     const ChangeEventScope scope(into_.totalStation->GetCmpContext());
     PointImport target(into_, settings_);
     while (const auto line = file.Next()) {
-      if (++line_ % kLinesPerProgress == 0) TellProgress(file);
+      if (++line_ % kLinesPerProgress == 0) TellProgress(file.Position(), file.Size());
       if (line_ <= static_cast<std::uint64_t>(settings_.headerRows)) continue;
       if (IsShorter(*line, shortest)) continue;
       point_ = {};
@@ -141,11 +142,6 @@ class TextImport {
         {settings_.filePath, remark.line,
          Fill(Xlate(pattern), {Number(remark.count), Number(remark.line), Number(remark.column),
                                tdk::WString(remark.text)})});
-  }
-
-  void TellProgress(const LinePieces& file) const {
-    if (parent_ == nullptr || parent_->GetViews() == nullptr) return;
-    parent_->GetViews()->ShowProgress(file.Position(), file.Size());
   }
 
   CWnd* parent_;

@@ -2,6 +2,7 @@
 #include <cmath>
 
 #include "services/display/displays.h"
+#include "services/progress.h"
 #include "services/translate.h"
 
 namespace {
@@ -25,7 +26,9 @@ class Pen {
 };
 
 void DrawTriangles(const CTris& triangulation, int drawing, const Pen& pen) {
+  ProgressSteps progress(static_cast<std::uint64_t>(triangulation.GetNoTris()));
   for (int i = 0; i < triangulation.GetNoTris(); ++i) {
+    progress.Step();
     const CTri& triangle = triangulation.GetTriAt(i);
     pen.Add(drawing, cad::FaceShape{{triangulation.GetTriVrtAt(triangle.GetVerIndex(0)),
                                      triangulation.GetTriVrtAt(triangle.GetVerIndex(1)),

@@ -142,19 +142,21 @@ class CDisLibGis {
 
 namespace display {
 
-/// What the document shows in its own engine.
-class OwnDisplays {
+/// Takes all survey, cadastral and GIS entities out of the document's own engine, and draws those
+/// that were there again at its end.
+class OwnDisplaysAside {
  public:
   /// Not owned.
-  explicit OwnDisplays(ExchangeContext& document);
+  explicit OwnDisplaysAside(ExchangeContext& document);
+  ~OwnDisplaysAside();
+  OwnDisplaysAside(const OwnDisplaysAside&) = delete;
+  OwnDisplaysAside& operator=(const OwnDisplaysAside&) = delete;
 
   const CDocSymbolManager& Symbols() const { return symbols_; }
-  /// Takes all survey, cadastral and GIS entities out of the document's engine.
-  void DeleteAll();
-  /// Draws again those that were there before.
-  void DrawAgain();
 
  private:
+  void DrawAgain();
+
   ExchangeContext& document_;
   CDocSymbolManager symbols_;
   std::vector<cad::Origin> shown_;

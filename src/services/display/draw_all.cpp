@@ -1,6 +1,8 @@
 #include <algorithm>
 
+#include "model/point_count.h"
 #include "services/display/displays.h"
+#include "services/progress.h"
 
 namespace display {
 namespace {
@@ -10,35 +12,39 @@ constexpr cad::Origin kOwn[] = {cad::Origin::kTotalStation, cad::Origin::kGps,
                                 cad::Origin::kKnownPoints, cad::Origin::kCadastre,
                                 cad::Origin::kGis};
 
-std::size_t Count(int number) { return static_cast<std::size_t>(number); }
-
-std::size_t PointsIn(ExchangeContext& document) {
-  std::size_t points = 0;
-  if (const CLibCmp* const jobs = document.GetLibCmp()) {
-    points += Count(jobs->GetOriArSize());
-    for (int job = 0; job < jobs->GetJobArSize(); ++job) {
-      for (int sta = 0; sta < jobs->GetStaArSize(job); ++sta) {
-        points += 1 + jobs->PointsOf(job, sta).size();
-      }
+// How much of each there is to be drawn.
+struct Sizes {
+  explicit Sizes(ExchangeContext& document) {
+    if (const CLibCmp* const library = document.GetLibCmp()) jobs = PointCount(*library);
+    if (const CLibGps* const library = document.GetLibGps()) gps = PointCount(*library);
+    if (const CLibPnt* const library = document.GetLibPnt()) known = PointCount(*library);
+    const CLibDtm* const models = document.GetLibDtm();
+    for (int i = 0; models != nullptr && i < models->GetPrjArSize(); ++i) {
+      terrain += Count(models->GetPrjAt(i)->GetTris().GetNoTris());
+    }
+    const gis::CLibGis* const library = document.GetLibGis();
+    for (int i = 0; library != nullptr && i < library->GetNumThemes(); ++i) {
+      themes += Count(library->GetTheme(i)->GetNumFeatures());
     }
   }
-  const CLibGps* const gps = document.GetLibGps();
-  for (int i = 0; gps != nullptr && i < gps->GetGrpArSize(); ++i) {
-    points += 1 + Count(gps->GetPunArSize(i));
-  }
-  const CLibPnt* const known = document.GetLibPnt();
-  for (int i = 0; known != nullptr && i < known->GetGrpArSize(); ++i) {
-    points += Count(known->GetPtnArSize(i));
-  }
-  return points;
-}
+
+  std::uint64_t Points() const { return jobs + gps + known; }
+  std::uint64_t All() const { return Points() + terrain + themes; }
+
+  std::uint64_t jobs = 0;
+  std::uint64_t gps = 0;
+  std::uint64_t known = 0;
+  std::uint64_t terrain = 0;
+  std::uint64_t themes = 0;
+
+ private:
+  static std::uint64_t Count(int number) { return static_cast<std::uint64_t>(number); }
+};
 
 }  // namespace
 
-OwnDisplays::OwnDisplays(ExchangeContext& document)
-    : document_(document), symbols_(document.GetCadEngine()) {}
-
-void OwnDisplays::DeleteAll() {
+OwnDisplaysAside::OwnDisplaysAside(ExchangeContext& document)
+    : document_(document), symbols_(document.GetCadEngine()) {
   CTcadEng* const engine = document_.GetCadEngine();
   for (const cad::Origin origin : kOwn) {
     const auto& entities = engine->Entities();
@@ -54,8 +60,17 @@ void OwnDisplays::DeleteAll() {
   CDisLibGis(engine, &symbols_, document_.GetLibGis(), true).AnnullaTutto();
 }
 
+OwnDisplaysAside::~OwnDisplaysAside() {
+  const ProgressScope nobody(nullptr);  // this is not the exchange's work, and must not end early
+  try {
+    DrawAgain();
+  } catch (...) {
+    // For want of memory. The entities are not the data, only their picture.
+  }
+}
+
 // A host that shows nothing, as one without a screen, is not given a drawing that it never had.
-void OwnDisplays::DrawAgain() {
+void OwnDisplaysAside::DrawAgain() {
   CTcadEng* const engine = document_.GetCadEngine();
   const auto isShown = [&](cad::Origin origin) {
     return std::find(shown_.begin(), shown_.end(), origin) != shown_.end();
@@ -90,7 +105,8 @@ std::uint64_t DrawAll(ExchangeContext& document, CTcadEng& engine, CDocSymbolMan
                       bool explode) {
   // A point, its name, code and height, and a line or two of its symbol.
   constexpr std::size_t kEntitiesOfPoint = 5;
-  engine.Reserve(engine.Entities().size() + PointsIn(document) * (explode ? kEntitiesOfPoint : 1));
+  const Sizes sizes(document);
+  engine.Reserve(engine.Entities().size() + sizes.Points() * (explode ? kEntitiesOfPoint : 1));
   CDisPtNome names(&engine, &symbols, &document);
   CDisLibCmp jobs(&engine, &symbols, &document, true);
   CDisLibGps gps(&engine, &symbols, document.GetLibGps(), true);
@@ -100,14 +116,21 @@ std::uint64_t DrawAll(ExchangeContext& document, CTcadEng& engine, CDocSymbolMan
   CDisRoad roads(&engine, &symbols, document.GetLibRoad(), true);
   CDisLibProfile profiles(&engine, &symbols, document.GetLibProfile(), document.GetLibRoad(), true);
   CDisLibGis themes(&engine, &symbols, document.GetLibGis(), true);
+  ProgressParts progress(sizes.All() + sizes.Points());
+  progress.Begin(sizes.Points());
   names.AddAllNames(explode);
+  progress.Begin(sizes.jobs);
   jobs.AddAllLibCmp(explode);
+  progress.Begin(sizes.gps);
   gps.AddAllLibGps(explode);
+  progress.Begin(sizes.known);
   known.AddAllLibPnt(explode);
   cadastre.CreaTutto(explode);
+  progress.Begin(sizes.terrain);
   terrain.AddAllDtm();
   roads.AddAllRoads();
   profiles.AddAllProfiles();
+  progress.Begin(sizes.themes);
   themes.RiCreaTutto();
   return jobs.NotDrawn() + gps.NotDrawn() + known.NotDrawn();
 }

@@ -1,4 +1,5 @@
 #include "services/display/displays.h"
+#include "services/progress.h"
 #include "services/translate.h"
 
 namespace {
@@ -15,7 +16,9 @@ class ThemePen {
       : engine_(engine), theme_(theme), drawing_(drawing) {}
 
   void Draw() {
+    ProgressSteps progress(static_cast<std::uint64_t>(theme_.GetNumFeatures()));
     for (int feature = 0; feature < theme_.GetNumFeatures(); ++feature) {
+      progress.Step();
       for (int part = 0; part < theme_.GetNumParts(feature); ++part) {
         DrawPart(theme_.GetPart(feature, part));
       }

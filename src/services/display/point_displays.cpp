@@ -3,8 +3,10 @@
 #include <string_view>
 #include <unordered_set>
 
+#include "model/point_count.h"
 #include "services/display/displays.h"
 #include "services/number_text.h"
+#include "services/progress.h"
 #include "services/translate.h"
 
 namespace {
@@ -37,6 +39,7 @@ cad::TextShape Text(const CEgn& point, const display::TextPlace& place, std::str
 // Calls `visit` with each point, its symbol and its layers, library by library.
 template <class Visit>
 void ForEachTotalStationPoint(const CLibCmp& library, CTcadEng& engine, Visit visit) {
+  ProgressSteps progress(PointCount(library));
   for (int job = 0; job < library.GetJobArSize(); ++job) {
     const CJob& object = *library.GetJobAt(job);
     const TargetLayers layers(
@@ -46,6 +49,7 @@ void ForEachTotalStationPoint(const CLibCmp& library, CTcadEng& engine, Visit vi
       visit(*library.GetStaAt(job, sta), Symbol::kStation, layers);
       for (const CPun* const point : library.PointsOf(job, sta)) {
         visit(*point, Symbol::kPoint, layers);
+        progress.Step();
       }
     }
   }
@@ -57,6 +61,7 @@ void ForEachTotalStationPoint(const CLibCmp& library, CTcadEng& engine, Visit vi
 
 template <class Visit>
 void ForEachGpsPoint(const CLibGps& library, CTcadEng& engine, Visit visit) {
+  ProgressSteps progress(PointCount(library));
   for (int grp = 0; grp < library.GetGrpArSize(); ++grp) {
     const CGrpGps& group = *library.GetGrpAt(grp);
     const TargetLayers layers(
@@ -65,12 +70,14 @@ void ForEachGpsPoint(const CLibGps& library, CTcadEng& engine, Visit visit) {
     visit(group, Symbol::kGpsBase, layers);
     for (int i = 0; i < library.GetPunArSize(grp); ++i) {
       visit(*library.GetPunAt(grp, i), Symbol::kGpsPoint, layers);
+      progress.Step();
     }
   }
 }
 
 template <class Visit>
 void ForEachKnownPoint(const CLibPnt& library, CTcadEng& engine, Visit visit) {
+  ProgressSteps progress(PointCount(library));
   for (int grp = 0; grp < library.GetGrpArSize(); ++grp) {
     const CGrpPnt& group = *library.GetGrpAt(grp);
     const TargetLayers layers(
@@ -78,6 +85,7 @@ void ForEachKnownPoint(const CLibPnt& library, CTcadEng& engine, Visit visit) {
         group.GetNome());
     for (int i = 0; i < library.GetPtnArSize(grp); ++i) {
       visit(*library.GetPtnAt(grp, i), Symbol::kKnownPoint, layers);
+      progress.Step();
     }
   }
 }
@@ -131,13 +139,17 @@ void CDisPtNome::AddAllNames(bool explode) {
     engine_->Add({layers.Of(ToXlate("NAMES")), cad::kByLayer, false, cad::Origin::kPointNames,
                   Text(point, display::kNamePlace, std::string(point.NameUtf8()))});
   };
-  if (const CLibCmp* const jobs = document_->GetLibCmp()) {
-    ForEachTotalStationPoint(*jobs, *engine_, add);
-  }
-  if (const CLibGps* const gps = document_->GetLibGps()) ForEachGpsPoint(*gps, *engine_, add);
-  if (const CLibPnt* const known = document_->GetLibPnt()) {
-    ForEachKnownPoint(*known, *engine_, add);
-  }
+  const CLibCmp* const jobs = document_->GetLibCmp();
+  const CLibGps* const gps = document_->GetLibGps();
+  const CLibPnt* const known = document_->GetLibPnt();
+  const auto countOf = [](const auto* library) { return library ? PointCount(*library) : 0; };
+  ProgressParts progress(countOf(jobs) + countOf(gps) + countOf(known));
+  progress.Begin(countOf(jobs));
+  if (jobs != nullptr) ForEachTotalStationPoint(*jobs, *engine_, add);
+  progress.Begin(countOf(gps));
+  if (gps != nullptr) ForEachGpsPoint(*gps, *engine_, add);
+  progress.Begin(countOf(known));
+  if (known != nullptr) ForEachKnownPoint(*known, *engine_, add);
   if (const CCts* const cadastre = document_->GetCts()) {
     ForEachCadastralPoint(*cadastre, *engine_, add);
   }
