@@ -217,7 +217,7 @@ TEST(PlanPainting, ManyPointsAreDotsAndFewAreSymbols) {
   EXPECT_FALSE(plan::SymbolsIn(model, view).empty());
 }
 
-TEST(PlanPainting, TrianglesAreLinesNearByAndATonefromAfar) {
+TEST(PlanPainting, TrianglesAreLinesNearByAndFromAfar) {
   HostDocument document;
   CDtmPrj& ground = *document.GetLibDtm()->AddPrj(false);
   constexpr int kSide = 60;
@@ -233,7 +233,7 @@ TEST(PlanPainting, TrianglesAreLinesNearByAndATonefromAfar) {
   }
   const PlanModel model(document);
   const ViewWindow afar = Fitted(model, 120, 120);
-  EXPECT_FALSE(IsWhite(Picture(model, afar), afar.ToPixels({30.4, 30.3}), 0));
+  EXPECT_FALSE(IsWhite(Picture(model, afar), afar.ToPixels({30.4, 30.3}), 1));
   ViewWindow near = Fitted(model, 400, 400);
   near.ZoomAt(near.ToPixels({30, 30}), 20);
   const QImage image = Picture(model, near);
@@ -247,6 +247,48 @@ TEST(PlanPainting, NothingOfAFarAwayViewIsFollowedForEver) {
   AddKnown(document, "near", 0, 0);
   const PlanModel model(document);
   EXPECT_FALSE(Picture(model, Fitted(model)).isNull());
+}
+
+cad::Entity Line(double fromX, double fromY, double toX, double toY) {
+  return {.drawing = 1, .shape = cad::LineShape{{fromX, fromY, 0}, {toX, toY, 0}}};
+}
+
+TEST(PlanPicture, WhatIsCloseTogetherIsDrawnAsItIs) {
+  HostDocument document;
+  CTcadEng& engine = *document.GetCadEngine();
+  engine.Add(Line(0, 0, 1000, 800));
+  // A ring of short lines about a place where nothing is.
+  constexpr int kLines = 200;
+  constexpr double kRadius = 40;
+  for (int i = 0; i < kLines; ++i) {
+    const double from = 2 * M_PI * i / kLines;
+    const double to = 2 * M_PI * (i + 1) / kLines;
+    engine.Add(Line(700 + kRadius * std::cos(from), 200 + kRadius * std::sin(from),
+                    700 + kRadius * std::cos(to), 200 + kRadius * std::sin(to)));
+  }
+  const PlanModel model(document);
+  const ViewWindow view = Fitted(model);
+  const QImage image = Picture(model, view);
+  EXPECT_TRUE(IsWhite(image, view.ToPixels({700, 200}), 5));
+  EXPECT_FALSE(IsWhite(image, view.ToPixels({700 + kRadius, 200}), 1));
+}
+
+TEST(PlanPicture, OfMoreLinesThanPixelsTheEmptyPlacesStayEmpty) {
+  HostDocument document;
+  CTcadEng& engine = *document.GetCadEngine();
+  // Two heaps of lines, the larger one to the right, and nothing between them.
+  constexpr int kLines = 60'000;
+  for (int i = 0; i < kLines; ++i) {
+    const double x = (i % 4 == 0 ? 0 : 800) + i % 197;
+    const double y = i % 809;
+    engine.Add(Line(x, y, x + 0.5, y + 0.5));
+  }
+  const PlanModel model(document);
+  const ViewWindow view = Fitted(model);
+  const QImage image = Picture(model, view);
+  EXPECT_TRUE(IsWhite(image, view.ToPixels({500, 400}), 20));
+  EXPECT_FALSE(IsWhite(image, view.ToPixels({100, 400}), 5));
+  EXPECT_FALSE(IsWhite(image, view.ToPixels({900, 400}), 5));
 }
 
 TEST(PlanFind, FindsAPointBeforeALine) {

@@ -38,6 +38,18 @@ class CellGrid {
   /// The side of a cell, metres.
   double Side() const { return side_; }
 
+  /// How many items the cells have that touch the box.
+  std::size_t CountIn(const plot::Box& box) const {
+    if (items_.empty()) return 0;
+    std::size_t count = 0;
+    const int lastRow = RowOf(box.high);
+    for (int row = RowOf(box.low); row <= lastRow; ++row) {
+      count += starts_[IndexOf(ColumnOf(box.right), row) + 1] -
+               starts_[IndexOf(ColumnOf(box.left), row)];
+    }
+    return count;
+  }
+
   /// Calls visit(box of the cell, items) for each cell with items that touches the box, metres.
   template <class Visit>
   void VisitCells(const plot::Box& box, const Visit& visit) const {

@@ -89,7 +89,7 @@ double NearestLeg(const PlanLines& lines, const plot::Box& around) {
   lines.Visit(
       around, around.Width() * 1e-6,
       [&](const Leg& leg) { least = std::min(least, DistanceTo(leg, middle)); },
-      [](const plot::Box&) {});
+      [](auto, double) {});
   return least;
 }
 

@@ -17,16 +17,19 @@ class PlanLines {
   bool IsEmpty() const { return grid_.Size() == 0 && longLegs_.empty(); }
   const plot::Box& Extent() const { return extent_; }
 
-  /// Calls leg(leg) for what may be within the box (metres), and crowd(box) for the cells in which
-  /// there are so many legs that they cannot be told apart at this size of a pixel.
+  /// Calls leg(leg) for what may be within the box (metres). Where that is too much to be drawn, it
+  /// calls crowd(legs, pixels) for the cells, of so many pixels, in which there are so many legs
+  /// that they cannot be told apart.
   template <class OnLeg, class OnCrowd>
   void Visit(const plot::Box& shown, double metresPerPixel, const OnLeg& leg,
              const OnCrowd& crowd) const {
     const double pixels = grid_.Side() / metresPerPixel;
-    const double most = pixels * pixels / kLeastPixels;
-    grid_.VisitCells(shown.Grown(longest_ / 2), [&](const plot::Box& box, auto legs) {
-      if (static_cast<double>(legs.size()) > most) {
-        crowd(box);
+    const double cell = pixels * pixels;
+    const plot::Box touched = shown.Grown(longest_ / 2);
+    const bool isMuch = grid_.CountIn(touched) > kMostLegs;
+    grid_.VisitCells(touched, [&](const plot::Box&, auto legs) {
+      if (isMuch && static_cast<double>(legs.size()) > cell / kLeastPixels) {
+        crowd(legs, cell);
       } else {
         for (const Leg& each : legs) leg(each);
       }
@@ -35,7 +38,8 @@ class PlanLines {
   }
 
  private:
-  static constexpr double kLeastPixels = 16;  // for each leg
+  static constexpr std::size_t kMostLegs = 20'000;  // that are drawn wherever they are
+  static constexpr double kLeastPixels = 16;        // for each leg
 
   plot::Box extent_;
   CellGrid<Leg> grid_;

@@ -15,7 +15,6 @@ constexpr std::size_t kMostSymbols = 3'000;
 constexpr qsizetype kMostSmooth = 4'000;  // legs whose edges are smoothed, which takes its time
 constexpr double kHalfSymbol = 4.5;       // pixels
 constexpr double kLeastLetters = 5;       // pixels: smaller texts are not legible
-constexpr QRgb kCrowd = 0xFFE2E2E2;
 
 QPointF Point(const plot::Place& place) { return {place.x, place.y}; }
 
@@ -87,7 +86,7 @@ class Painter {
             legs[color].push_back({Point(view_.ToPixels(from)), Point(view_.ToPixels(to))});
           }
         },
-        [&](const plot::Box& crowd) { PaintCrowd(crowd, layer.color); });
+        [&](auto crowd, double pixels) { PaintCrowd(crowd, pixels, layer); });
     for (const auto& [color, lines] : legs) {
       painter_.setRenderHint(QPainter::Antialiasing, lines.size() < kMostSmooth);
       painter_.setPen(QPen(QColor(color), layer.width));
@@ -100,13 +99,13 @@ class Painter {
     }
   }
 
-  // Legs that cannot be told apart are a tone.
-  void PaintCrowd(const plot::Box& box, Rgb color) {
-    const plot::Place upperLeft = view_.ToPixels({box.left, box.high});
-    const plot::Place lowerRight = view_.ToPixels({box.right, box.low});
-    const QRectF rectangle(Point(upperLeft), Point(lowerRight));
-    const QColor tone = color == 0xC2C2C2 ? QColor(kCrowd) : QColor(color).lighter(140);
-    painter_.fillRect(rectangle, tone);
+  // Legs that cannot be told apart are dots, no more of them than there are pixels.
+  void PaintCrowd(std::span<const Leg> legs, double pixels, const PlanLayer& layer) {
+    const auto most = static_cast<std::size_t>(std::max(pixels, 1.0));
+    const std::size_t step = (legs.size() + most - 1) / most;
+    for (std::size_t i = 0; i < legs.size(); i += step) {
+      PaintDot(legs[i].from, layer.ColorOf(legs[i].source));
+    }
   }
 
   void PaintTexts(const PlanLayer& layer) {
@@ -148,18 +147,21 @@ class Painter {
     painter_.setRenderHint(QPainter::Antialiasing, false);
   }
 
-  // Straight into the picture: a million points must not wait for a painter.
   void PaintDots() {
-    const double ratio = options_.pixelRatio;
     VisitMarks(model_, view_, [&](const MarkAt& each) {
-      const plot::Place pixel = view_.ToPixels(each.at);
-      const int x = static_cast<int>(pixel.x * ratio);
-      const int y = static_cast<int>(pixel.y * ratio);
-      if (x >= 0 && y >= 0 && x < image_.width() && y < image_.height()) {
-        reinterpret_cast<QRgb*>(bits_ + y * stride_)[x] = 0xFF000000 | RgbOf(each.kind);
-      }
+      PaintDot(each.at, RgbOf(each.kind));
       return true;
     });
+  }
+
+  // Straight into the picture: a million points must not wait for a painter.
+  void PaintDot(const plot::Place& place, Rgb color) {
+    const plot::Place pixel = view_.ToPixels(place);
+    const double x = pixel.x * options_.pixelRatio;
+    const double y = pixel.y * options_.pixelRatio;
+    if (x < 0 || y < 0 || x >= image_.width() || y >= image_.height()) return;
+    reinterpret_cast<QRgb*>(bits_ + static_cast<int>(y) * stride_)[static_cast<int>(x)] =
+        0xFF000000 | color;
   }
 
   void PaintHighlight() {
