@@ -19,22 +19,8 @@
 #include "apps/desktop/qt_text.h"
 #include "apps/desktop/user_settings.h"
 #include "host/geodesy/gps_positions.h"
-#include "job_session.h"
-#include "platform/paths.h"
-#include "services/file_dialog.h"
-#include "services/ini_file.h"
-#include "services/job_folder_dialog.h"
-#include "services/jobs_folder.h"
 #include "services/message_box.h"
 #include "services/number_text.h"
-
-namespace {
-
-// Where the host keeps the unit of angles.
-constexpr const char* kMeasures = "Misure";
-constexpr const char* kAngleUnit = "UnitaAngoli";
-
-}  // namespace
 
 MainWindow::MainWindow(const Module& module, const DialogShape& shape)
     : module_(module), shape_(shape) {
@@ -109,7 +95,7 @@ void MainWindow::ShowReport(ReportWindow* report) {
   report->show();
 }
 
-// ---- Jobs ----
+// ---- Work ----
 
 // Nothing may be thrown through the toolkit.
 void MainWindow::Guarded(const std::function<void()>& action) {
@@ -127,88 +113,6 @@ void MainWindow::TellFailure(const std::string& text) {
   QtViews views(this, shape_);
   views.ShowMessage(Xlate("Error"), tdk::WString(text), kBoxExclamation);
 }
-
-bool MainWindow::MayLeave() {
-  if (!job_.IsChanged()) return true;
-  QtViews views(this, shape_);
-  return views.ShowMessage(
-             Xlate("Warning"),
-             Xlate("The job has changes that are not saved. Go on without saving them?"),
-             kBoxExclamation | kBoxYesNo) == kAnswerYes;
-}
-
-void MainWindow::NewJob() {
-  if (!MayLeave()) return;
-  statusBar()->clearMessage();
-  job_.New();
-  UseChosenAngleUnit();
-  ShowJob();
-}
-
-void MainWindow::OpenJob(const std::string& path) {
-  Guarded([&] {
-    QtViews views(this, shape_);
-    views.AllowCancel(true);
-    job_.Open(path, views.Progress());
-    AddRecentJob(path);
-  });
-  ShowJob();
-}
-
-void MainWindow::OpenOrImport(const std::string& path) {
-  if (IsJob(path)) {
-    if (MayLeave()) OpenJob(path);
-    return;
-  }
-  if (const ExchangeCommand* const command = ImportOf(path)) return Run(*command, path);
-  TellFailure(path + ": " + Xlate("the extension says no format that can be read").ToUtf8());
-}
-
-std::optional<std::string> MainWindow::AskForFolder() {
-  QtViews views(this, shape_);
-  CWnd window(&views);
-  tdk::WString folder = CJobsFolder::GetJobNameFolderNoSlash();
-  if (!DlgSelectJobFolder(CCloudManager::GetInstance(), &window, folder)) return std::nullopt;
-  return platform::NativePath(folder.ToUtf8());
-}
-
-std::optional<std::string> MainWindow::AskForDocument(bool isOpen) {
-  QtViews views(this, shape_);
-  CWnd window(&views);
-  CDlgImportExportGeneric dialog(CCloudManager::GetInstance(), &window, -1);
-  dialog.SetVars(CJobsFolder::GetJobNameFolderWthSlash(),
-                 isOpen ? Xlate("Open a JSON document") : Xlate("Save as a JSON document"), "json",
-                 isOpen, {});
-  if (dialog.DoModal() != Dialog::kOk) return std::nullopt;
-  tdk::WString path;
-  dialog.GetVars(path);
-  return platform::NativePath(path.ToUtf8());
-}
-
-void MainWindow::AskAndOpen(bool isFolder) {
-  if (!MayLeave()) return;
-  if (const auto path = isFolder ? AskForFolder() : AskForDocument(true)) OpenJob(*path);
-}
-
-void MainWindow::Save() {
-  if (!job_.Path()) return SaveAs(true);
-  SaveTo(*job_.Path());
-}
-
-void MainWindow::SaveAs(bool isFolder) {
-  if (const auto path = isFolder ? AskForFolder() : AskForDocument(false)) SaveTo(*path);
-}
-
-void MainWindow::SaveTo(const std::string& path) {
-  Guarded([&] {
-    QtViews views(this, shape_);
-    job_.SaveTo(path, views.Progress());
-    AddRecentJob(path);
-  });
-  ShowJob();
-}
-
-// ---- Exchanges ----
 
 void MainWindow::Run(const ExchangeCommand& command, const std::optional<std::string>& path) {
   std::optional<ExchangeReport> report;
@@ -244,49 +148,6 @@ void MainWindow::Compute(bool isAnew) {
   job_.MarkChanged();
   ShowJob();
   if (report) ShowReport(new ReportWindow(std::move(*report), shape_, this));
-}
-
-// ---- Settings ----
-
-void MainWindow::SetLanguageTo(const std::string& language) {
-  statusBar()->clearMessage();
-  SetLanguage(language);
-  ChooseLanguage(language);
-  MakeMenus();
-  NameViews();
-  ShowJob();
-}
-
-// A job that has no unit of its own yet gets the one that was chosen last.
-void MainWindow::UseChosenAngleUnit() {
-  constexpr int kNone = -1;
-  const bool hasOwn = CIniFile().ReadLong(kMeasures, kAngleUnit, kNone) != kNone;
-  if (const auto chosen = ChosenAngleUnit(); chosen && !hasOwn) {
-    CIniFile().WriteLong(kMeasures, kAngleUnit, *chosen);
-  }
-}
-
-void MainWindow::SetAngleUnit(int unit) {
-  CIniFile().WriteLong(kMeasures, kAngleUnit, unit);
-  ChooseAngleUnit(unit);
-  Guarded([&] { job_.KeepSettings(); });
-  ShowJob();
-}
-
-void MainWindow::AskReferenceSystem() {
-  QtViews views(this, shape_);
-  CWnd window(&views);
-  CLibGps& gps = *job_.Document().GetLibGps();
-  ReferenceSystemDialog dialog(&window, gps);
-  if (::ShowDialog(&window, dialog) != Dialog::kOk) return;
-  KeepReferenceSystem(dialog.Crs());
-  Guarded([&] { job_.KeepSettings(); });
-  if (!dialog.Crs().IsEmpty()) {
-    for (int i = 0; i < gps.GetGrpArSize(); ++i) gps.GetGrpAt(i)->SetCrs(dialog.Crs());
-    CompletePositions(gps, dialog.Crs());
-    if (gps.GetGrpArSize() > 0) job_.MarkChanged();
-  }
-  ShowJob();
 }
 
 // ---- Events ----
