@@ -315,14 +315,22 @@ TEST(PlanFind, FindsALineWhereThereIsNoPoint) {
   EXPECT_FALSE(plan::FindAt(model, view, view.ToPixels({80, 40})));
 }
 
-TEST(PlanView, ClickTellsWhatIsThere) {
+// A view of two points.
+class ShownPlan : public testing::Test {
+ protected:
+  ShownPlan() {
+    AddKnown(document, "K1", 0, 0);
+    AddKnown(document, "K2", 100, 80);
+    view.resize(400, 300);
+    view.show();
+    view.ShowJob(document);
+  }
+
   HostDocument document;
-  AddKnown(document, "K1", 0, 0);
-  AddKnown(document, "K2", 100, 80);
   PlanView view;
-  view.resize(400, 300);
-  view.show();
-  view.ShowJob(document);
+};
+
+TEST_F(ShownPlan, ClickTellsWhatIsThere) {
   const CEgn* picked = nullptr;
   QObject::connect(&view, &PlanView::Picked, [&](const plan::Found& f) { picked = f.point; });
   const plot::Place pixel = view.Window().ToPixels({100, 80});
@@ -332,14 +340,7 @@ TEST(PlanView, ClickTellsWhatIsThere) {
   EXPECT_EQ(picked, nullptr);
 }
 
-TEST(PlanView, DragMovesThePaperWithThePointer) {
-  HostDocument document;
-  AddKnown(document, "K1", 0, 0);
-  AddKnown(document, "K2", 100, 80);
-  PlanView view;
-  view.resize(400, 300);
-  view.show();
-  view.ShowJob(document);
+TEST_F(ShownPlan, DragMovesThePaperWithThePointer) {
   const plot::Place before = view.Window().ToPixels({0, 0});
   Drag(view, {100, 100}, {160, 130});
   const plot::Place after = view.Window().ToPixels({0, 0});
@@ -347,14 +348,7 @@ TEST(PlanView, DragMovesThePaperWithThePointer) {
   EXPECT_NEAR(after.y - before.y, 30, 1e-6);
 }
 
-TEST(PlanView, WheelZoomsAboutThePointer) {
-  HostDocument document;
-  AddKnown(document, "K1", 0, 0);
-  AddKnown(document, "K2", 100, 80);
-  PlanView view;
-  view.resize(400, 300);
-  view.show();
-  view.ShowJob(document);
+TEST_F(ShownPlan, WheelZoomsAboutThePointer) {
   const plot::Place there = view.Window().ToMetres({300, 50});
   const double before = view.Window().MetresPerPixel();
   QWheelEvent wheel({300, 50}, view.mapToGlobal(QPointF(300, 50)), {}, {0, 120}, Qt::NoButton, {},
@@ -380,14 +374,7 @@ TEST(PlanView, LayersThatWereOffStayOffWhenTheJobIsShownAnew) {
   EXPECT_EQ(list.item(0)->checkState(), Qt::Unchecked);
 }
 
-TEST(PlanView, HighlightBringsAPointIntoView) {
-  HostDocument document;
-  AddKnown(document, "K1", 0, 0);
-  AddKnown(document, "K2", 100, 80);
-  PlanView view;
-  view.resize(400, 300);
-  view.show();
-  view.ShowJob(document);
+TEST_F(ShownPlan, HighlightBringsAPointIntoView) {
   for (int i = 0; i < 10; ++i) view.ZoomIn();
   ASSERT_FALSE(view.Window().Shown().Holds({100, 80}));
   view.Highlight(document.GetLibPnt()->GetPtnAt(0, 1));
