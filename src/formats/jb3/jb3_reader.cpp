@@ -24,16 +24,19 @@ constexpr std::size_t kEndMarks = 8;
 // The element's own name.
 bool Is(const TiXmlElement& element, const char* name) { return element.ValueTStr() == name; }
 
+// Whether the element is a point: lists of points are called alike, with an "s".
+bool BeginsPoint(std::string_view tag) {
+  const auto isNamed = [tag](std::string_view name) {
+    return tag.starts_with(name) && !tag.substr(name.size()).starts_with('s');
+  };
+  return isNamed(element::kPoint) || isNamed(element::kGpsPoint) || isNamed(element::kKnownPoint);
+}
+
 // How many points a document has. It is what progress is measured by, so nothing is parsed for it.
 std::uint64_t PointsIn(std::string_view text) {
-  constexpr std::size_t kLongest = 16;  // more than any of the names
   std::uint64_t points = 0;
   for (std::size_t at = text.find('<'); at != std::string_view::npos; at = text.find('<', at + 1)) {
-    const std::string_view tag = text.substr(at + 1, kLongest);
-    const std::string_view name = tag.substr(0, tag.find_first_of(" \t\r\n/>"));
-    if (name == element::kPoint || name == element::kGpsPoint || name == element::kKnownPoint) {
-      ++points;
-    }
+    if (BeginsPoint(text.substr(at + 1))) ++points;
   }
   return points;
 }
