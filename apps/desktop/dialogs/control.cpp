@@ -7,6 +7,9 @@ Control::~Control() = default;
 std::unique_ptr<Control> MakeControl(const ControlRow& row, ControlHost& host) {
   using enum ControlKind;
   switch (row.kind) {
+    case kCombo:
+    case kRadio:
+    case kCheck: return MakeChoiceControl(row, host);
     case kList:
     case kCheckList: return MakeListControl(row, host);
     case kColumns: return MakeColumnControl(row, host);

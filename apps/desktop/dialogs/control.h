@@ -55,6 +55,7 @@ std::unique_ptr<Control> MakeControl(const ControlRow& row, ControlHost& host);
 
 // By what they are made of.
 std::unique_ptr<Control> MakeSimpleControl(const ControlRow& row, ControlHost& host);
+std::unique_ptr<Control> MakeChoiceControl(const ControlRow& row, ControlHost& host);
 std::unique_ptr<Control> MakeListControl(const ControlRow& row, ControlHost& host);
 std::unique_ptr<Control> MakeColumnControl(const ControlRow& row, ControlHost& host);
 std::unique_ptr<Control> MakeFileControl(const ControlRow& row, ControlHost& host);
