@@ -207,6 +207,19 @@ TEST_F(FieldBookBlocksInFiles, SaveTellsWhatItLeftOut) {
   EXPECT_THAT(files.SaveNotes(), IsEmpty());
 }
 
+TEST_F(FieldBookBlocksInFiles, SaveTellsOfWhatIsNotDisplayed) {
+  const int hidden = engine.AddDrawing(0, "HIDDEN", /*visible=*/false, false, false);
+  engine.Add({hidden, cad::kByLayer, false, cad::Origin::kUser, cad::PointShape{}});
+  SaveAndLoad(false);
+  EXPECT_THAT(files.SaveNotes(), IsEmpty());
+  CadSave how;
+  how.path = tdk::WString(folder.Path("plan.dxf"));
+  how.flags[1] = true;
+  ASSERT_TRUE(files.SaveDxf(how, engine));
+  ASSERT_THAT(files.SaveNotes(), SizeIs(1));
+  EXPECT_THAT(files.SaveNotes()[0].ToUtf8(), HasSubstr("not displayed are left out (1)"));
+}
+
 TEST_F(FieldBookBlocksInFiles, SaveTellsOfArcsThatItMadeStraight) {
   engine.Add({1, cad::kByLayer, false, cad::Origin::kUser,
               cad::PolylineShape{{{0, 0, 1}, {1, 0, 2}}, {0.5}, false}});

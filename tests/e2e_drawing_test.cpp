@@ -213,6 +213,19 @@ TEST_F(DrawingFiles, ConvertTellsWhatIsNotInTheDrawing) {
                     HasSubstr("or whose block is not there, are left out (1)")));
 }
 
+TEST_F(DrawingFiles, ConvertTellsWhatLiesOnHiddenLayers) {
+  folder.Write(
+      "hidden.dxf",
+      "0\nSECTION\n2\nTABLES\n0\nTABLE\n2\nLAYER\n0\nLAYER\n2\nOFF\n70\n0\n62\n-7\n0\nENDTAB\n"
+      "0\nENDSEC\n0\nSECTION\n2\nENTITIES\n0\nPOINT\n8\nOFF\n10\n1\n20\n2\n"
+      "0\nPOINT\n8\n0\n10\n3\n20\n4\n0\nENDSEC\n0\nEOF\n");
+  for (const char* const output : {"out.dxf", "out.dwg"}) {
+    const Outcome run = Run({"convert", "hidden.dxf", output});
+    EXPECT_THAT(run.err, HasSubstr("entities on layers that are not displayed are left out (1)"));
+    EXPECT_EQ(Run({"convert", "--hidden", "hidden.dxf", output}).err, "");
+  }
+}
+
 TEST_F(DrawingFiles, ExplodeTakesBlocksOfAnEarlierExportApart) {
   EXPECT_EQ(Run({"convert", "points.csv", "blocks.dxf"}).status, 0);
   EXPECT_EQ(Run({"convert", "--explode", "blocks.dxf", "plain.dxf"}).status, 0);

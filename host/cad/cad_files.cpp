@@ -29,6 +29,7 @@ std::vector<tdk::WString> CadFiles::SaveNotes() const {
   tell(Xlate(
            "polylines whose points are not equally high have straight legs in place of arcs ({1})"),
        written_.straightened);
+  tell(Xlate("entities on layers that are not displayed are left out ({1})"), written_.hidden);
   return notes;
 }
 

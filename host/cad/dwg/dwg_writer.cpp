@@ -104,5 +104,5 @@ CadWritten WriteDwgCounting(const CadSave& how, const CTcadEng& engine) {
     return {};
   }
   output.Overwrite(0, FileHeader(layout));
-  return {output.Commit(), plan.LeftOut(), plan.Straightened()};
+  return {output.Commit(), plan.LeftOut(), plan.Straightened(), plan.Hidden()};
 }

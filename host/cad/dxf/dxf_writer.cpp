@@ -54,7 +54,7 @@ CadWritten WriteDxfCounting(const CadSave& how, const CTcadEng& engine) {
   WriteBlocks(tags, plan, writer);
   WriteEntities(tags, plan, writer);
   WriteEnd(tags);
-  return {file.Commit(), plan.LeftOut(), plan.Straightened()};
+  return {file.Commit(), plan.LeftOut(), plan.Straightened(), plan.Hidden()};
 }
 
 bool WriteDxf(const CadSave& how, const CTcadEng& engine) {

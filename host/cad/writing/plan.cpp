@@ -155,6 +155,7 @@ void Plan::Measure(const std::vector<cad::Entity>& entities, int block, Extent& 
   for (const cad::Entity& entity : entities) {
     const Fate fate = FateOf(entity, block);
     if (fate == Fate::kBroken) ++leftOut_;
+    if (fate == Fate::kHidden && !entity.isPrivate) ++hidden_;
     if (fate != Fate::kWritten) {
       takesAll_ = false;
       continue;

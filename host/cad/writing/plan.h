@@ -71,6 +71,8 @@ class Plan {
   std::uint64_t LeftOut() const { return leftOut_; }
   /// How many polylines lose their arcs.
   std::uint64_t Straightened() const { return straightened_; }
+  /// Entities on layers that are not displayed, where those are not asked for.
+  std::uint64_t Hidden() const { return hidden_; }
   /// How many records the layers, the blocks and all entities make at most.
   std::uint64_t MostRecords() const { return records_; }
 
@@ -101,6 +103,7 @@ class Plan {
   Extent extent_;
   std::uint64_t leftOut_ = 0;
   std::uint64_t straightened_ = 0;
+  std::uint64_t hidden_ = 0;
   bool takesAll_ = true;
   std::uint64_t records_ = 0;
 };

@@ -11,4 +11,6 @@ struct CadWritten {
   std::uint64_t leftOut = 0;
   /// How many polylines have straight legs in place of arcs: their points are not equally high.
   std::uint64_t straightened = 0;
+  /// How many entities are not in the file because their layer is not displayed.
+  std::uint64_t hidden = 0;
 };
