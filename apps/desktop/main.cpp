@@ -5,7 +5,6 @@
 #include "apps/desktop/dialogs/handheld_style.h"
 #include "apps/desktop/icons.h"
 #include "apps/desktop/main_window.h"
-#include "apps/desktop/qt_text.h"
 #include "apps/desktop/user_settings.h"
 #include "console.h"
 #include "failure.h"
@@ -13,6 +12,7 @@
 #include "host/geodesy/lazy_geodesy.h"
 #include "host/gis/shape_files.h"
 #include "language.h"
+#include "services/translate.h"
 
 namespace {
 
@@ -27,19 +27,13 @@ std::optional<std::string> TextFor(std::string_view word) {
       .ToUtf8();
 }
 
-int Run(QApplication& application) {
+int Run() {
   const Module module;
   const DialogShape shape = CPalmDevice::SelectIdDlgStd(QGuiApplication::primaryScreen()->size());
   UseStyleFor(shape);
   MainWindow window(module, shape);
   window.show();
-  const QStringList words = application.arguments().mid(1);
-  QMetaObject::invokeMethod(
-      &window,
-      [&window, words] {
-        for (const QString& word : words) window.OpenOrImport(ToUtf8(word));
-      },
-      Qt::QueuedConnection);
+  window.OpenSoon(QApplication::arguments().mid(1));
   return QApplication::exec();
 }
 
@@ -54,14 +48,14 @@ int main(int argc, char** argv) {
     console::Out(*text);
     return console::FinishOutput() ? 0 : exit_status::kFailed;
   }
-  QApplication application(argc, argv);
+  const QApplication application(argc, argv);
   QGuiApplication::setDesktopFileName("kalvio-desktop");
   QApplication::setWindowIcon(ProgramIcon());
   LazyGeodesy::Install();
   CadFiles::Install();
   ShapeFiles::Install();
   try {
-    return Run(application);
+    return Run();
   } catch (const std::exception& error) {
     console::Err(std::string("kalvio-desktop: ") + error.what() + "\n");
     return exit_status::kFailed;

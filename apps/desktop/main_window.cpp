@@ -7,6 +7,7 @@
 #include <QMimeData>
 #include <QStatusBar>
 #include <QTableView>
+#include <QTimer>
 #include <QTreeView>
 
 #include "apps/desktop/dialogs/qt_views.h"
@@ -171,11 +172,11 @@ void MainWindow::dropEvent(QDropEvent* event) {
     if (url.isLocalFile()) paths.append(url.toLocalFile());
   }
   event->acceptProposedAction();
-  // The drop must have ended before a dialog is shown.
-  QMetaObject::invokeMethod(
-      this,
-      [this, paths] {
-        for (const QString& path : paths) OpenOrImport(ToUtf8(path));
-      },
-      Qt::QueuedConnection);
+  OpenSoon(paths);  // for the drop must have ended before a dialog is shown
+}
+
+void MainWindow::OpenSoon(const QStringList& paths) {
+  QTimer::singleShot(0, this, [this, paths] {
+    for (const QString& path : paths) OpenOrImport(ToUtf8(path));
+  });
 }

@@ -38,6 +38,8 @@ class MainWindow : public QMainWindow {
   void OpenJob(const std::string& path);
   /// A job is opened, any other file imported.
   void OpenOrImport(const std::string& path);
+  /// The same with each of them, once the event at hand has ended.
+  void OpenSoon(const QStringList& paths);
   void Run(const ExchangeCommand& command, const std::optional<std::string>& path = {});
   /// Selects a node in the tree and shows it in the table and the plan.
   void GoTo(const JobNode& node);

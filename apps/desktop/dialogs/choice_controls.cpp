@@ -64,7 +64,7 @@ class Radio : public Control {
       button->setObjectName(ToQt(std::string(row.key) + '.' + choice.value.get<std::string>()));
       SetPlainText(button, choice.text);
       layout->addWidget(button);
-      buttons_.push_back({button, choice.value});
+      buttons_.emplace_back(button, choice.value);
       QObject::connect(button, &QRadioButton::clicked, button,
                        [&row, &host, value = choice.value] { host.Put(row.Input(), value); });
     }

@@ -37,6 +37,7 @@ struct HeaderVariables {
 inline constexpr double kNoExtent = 1e20;
 
 template <class S>
+// NOLINTNEXTLINE(readability-non-const-parameter): a reader sets it
 void DimensionNumbers14(S& s, Handle* style) {
   s.Flags({false, false, true, true, false, false, false, false, false, false, false});
   s.Bytes({2, 0});

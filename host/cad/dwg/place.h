@@ -12,8 +12,11 @@ struct Place {
 
   Place() = default;
   Place(double atX, double atY, double atZ) : x(atX), y(atY), z(atZ) {}
+  // Records have places where entities have points: each is the other wherever it is asked for.
+  // NOLINTBEGIN(google-explicit-constructor)
   Place(const cad::Point& point) : x(point.getX()), y(point.getY()), z(point.getZ()) {}
   operator cad::Point() const { return {x, y, z}; }
+  // NOLINTEND(google-explicit-constructor)
 
   bool operator==(const Place&) const = default;
 };

@@ -143,7 +143,8 @@ bool TakeFormatCode(std::string_view& text, std::string& to) {
   }
   if (text[1] == 'S') return TakeStack(text, to);
   const std::size_t end = FormatEnd(text);
-  if (kFormatsWithValue.find(text[1]) == std::string_view::npos || end == text.npos) return false;
+  const bool hasValue = kFormatsWithValue.find(text[1]) != std::string_view::npos;
+  if (!hasValue || end == std::string_view::npos) return false;
   text.remove_prefix(end + 1);
   return true;
 }
