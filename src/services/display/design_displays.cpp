@@ -135,6 +135,7 @@ class ProfileSheet {
   void DrawSection(const CProfile& section, const TargetLayers& layers) {
     Begin();
     std::vector<TAltiVrt> ground;
+    ground.reserve(static_cast<std::size_t>(section.GetNumTerrVrts()));
     for (int i = 0; i < section.GetNumTerrVrts(); ++i) ground.push_back(section.GetTerrVrt(i));
     DrawVertices(ground, layers.Of(ToXlate("SECTIONS")));
     for (int i = 0; i < section.GetNumProfileAlti(); ++i) {
@@ -145,6 +146,7 @@ class ProfileSheet {
 
   void DrawLine(const CProfileAlti& line, int drawing) {
     std::vector<TAltiVrt> vertices;
+    vertices.reserve(static_cast<std::size_t>(line.GetNumVrts()));
     for (int i = 0; i < line.GetNumVrts(); ++i) vertices.push_back(line.GetVrt(i));
     DrawVertices(vertices, drawing);
   }
